@@ -1,0 +1,81 @@
+#include "setup/grid.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "integration/state_store.h"
+#include "model/experiment_state.h"
+
+namespace {
+
+constexpr int FirstCell = -6;
+
+}  // namespace
+
+void AllocateFields(ExperimentState& state) {
+    const int n = state.NGridCells;
+    for (OffsetArray<double>* array :
+         {&state.X, &state.Rho, &state.P, &state.Ux, &state.Uy, &state.FSmoke}) {
+        *array = OffsetArray<double>(FirstCell, 10 * (n / 3) + 7);
+    }
+    for (OffsetArray<double>* array : {&state.UyNew, &state.FSmokeNew, &state.C2, &state.C}) {
+        *array = OffsetArray<double>(FirstCell, n + 7);
+    }
+}
+
+void LayGrid(ExperimentState& state, double left, double right) {
+    const int n = state.NGridCells;
+    state.NGridCellsD = n;
+    state.DX = (right - left) / n;
+    state.X[1] = left;
+    state.X[n + 1] = right;
+    for (int i = 2; i <= n; ++i) state.X[i] = state.X[i - 1] + state.DX;
+}
+
+void AllocateArrays(ExperimentState& state) {
+    AllocateFields(state);
+    SetNPlotsTotal(state);
+    AllocateStore(state);
+
+    const int n = state.NGridCells;
+    state.NGridCellsD = n;
+    state.DX = 1.0 / n;
+    state.X[0] = -state.DX;
+    state.X[1] = 0.0;
+    for (int i = 2; i <= n + 2; ++i) state.X[i] = state.X[i - 1] + state.DX;
+    state.X[n + 1] = 1.0;
+}
+
+void SetOuterEdges(ExperimentState& state) {
+    const int n = state.NGridCells;
+    state.X[0] = state.X[1] + state.X[1] - state.X[2];
+    state.X[n + 2] = state.X[n + 1] + state.X[n + 1] - state.X[n];
+}
+
+double ShortestCrossingTime(ExperimentState& state, double bound) {
+    double shortest = bound;
+    for (int i = 0; i <= state.NGridCells + 1; ++i) {
+        state.C2[i] = state.P[i] * state.Gamma / state.Rho[i];
+        state.C[i] = std::sqrt(state.C2[i]);
+        const double speed =
+            std::max(std::abs(state.Ux[i] + state.C[i]), std::abs(state.Ux[i] - state.C[i]));
+        shortest = std::min(shortest, (state.X[i + 1] - state.X[i]) / speed);
+    }
+    return shortest;
+}
+
+void SetInitialDTime(ExperimentState& state) {
+    SetOuterEdges(state);
+    const double shortest =
+        ShortestCrossingTime(state, (state.X[2] - state.X[1]) / state.SoundSpeed0);
+    state.DTime = std::min((state.CourantNumber * 0.1) * shortest, state.PlotInterval);
+}
+
+void ResizeControlPointLists(ExperimentState& state) {
+    const int last = state.NGridCells + 2;
+    state.MSelList.Resize(last);
+    for (OffsetArray<double>* list :
+         {&state.XSelList, &state.RhoSelList, &state.PSelList, &state.VxSelList}) {
+        list->Resize(last);
+    }
+}

@@ -1,0 +1,121 @@
+#include "setup/grid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "problems.h"
+#include "setup/riemann_problem.h"
+#include "setup/smoke.h"
+
+TEST(AllocateArrays, SizesEverythingForTheGrid) {
+    const struct {
+        int n, fieldLast, workLast;
+    } rows[] = {{6, 27, 13}, {400, 1337, 407}, {5001, 16677, 5008}};
+    for (const auto& row : rows) {
+        const ExperimentState state = WavyProblem(row.n);
+        EXPECT_EQ(state.FSmoke.First(), -6);
+        EXPECT_EQ(state.FSmoke.Last(), row.fieldLast);
+        EXPECT_EQ(state.C.Last(), row.workLast);
+        EXPECT_EQ(state.X[row.n + 1], 1.0);
+        EXPECT_EQ(state.X[0], -state.DX);
+    }
+}
+
+TEST(AllocateArrays, BuildsTheEdgesByRepeatedAddition) {
+    const ExperimentState state = WavyProblem(400);
+    double edge = 0.0;
+    for (int i = 2; i <= 400; ++i) {
+        edge += 1.0 / 400;
+        ASSERT_EQ(state.X[i], edge);
+    }
+    EXPECT_EQ(state.X[402], edge + 1.0 / 400 + 1.0 / 400);  // the sum, not 1 plus a cell
+}
+
+TEST(SetInitialDTime, IsATenthOfTheCourantStepAndAtMostAPlotInterval) {
+    const struct {
+        double soundSpeed, plotInterval, dTime;
+    } rows[] = {{2.0, 1.0, 0.085 * 0.1 / 2.0},  // faster than the reference speed of 1
+                {0.5, 1.0, 0.085 * 0.1},        // slower: the reference bounds the step
+                {2.0, 0.001, 0.001}};
+    for (const auto& row : rows) {
+        ExperimentState state = UniformProblem(10, 1.4, row.soundSpeed * row.soundSpeed, 0.0);
+        state.PlotInterval = row.plotInterval;
+        SetInitialDTime(state);
+        EXPECT_NEAR(state.DTime, row.dTime, 1e-12);
+        EXPECT_NEAR(state.C[11], row.soundSpeed, 1e-14);
+    }
+}
+
+TEST(InitSmokePattern, LaysStripesOfEqualWidth) {
+    const struct {
+        int n, firstStripe, stripe, period, count;
+    } rows[] = {
+        {400, 10, 6, 25, 16}, {100, 3, 1, 6, 16}, {6, 2, 1, 4, 1}, {5001, 118, 78, 312, 16}};
+    for (const auto& row : rows) {
+        ExperimentState state = WavyProblem(row.n);
+        InitSmokePattern(state);
+        for (int i = 1; i <= row.n; ++i) {
+            const int k = (i - 1) / row.period;
+            const int place = i - row.firstStripe - k * row.period;
+            const bool inStripe = k < row.count && place >= 0 && place < row.stripe;
+            ASSERT_EQ(state.FSmoke[i], inStripe ? 1.0 : 0.0) << row.n << " cells, cell " << i;
+        }
+        EXPECT_EQ(state.FSmoke[0], 1.0);  // the wavy problem's own: ghosts are not touched
+    }
+}
+
+TEST(BuildRiemannProblem, PlacesTheJumpOfEveryTest) {
+    const int lastLeftCell[] = {120, 120, 200, 200, 320, 160, 200, 320};
+    for (std::size_t test = 0; test < RiemannTests.size(); ++test) {
+        const RiemannProblem& problem = RiemannTests[test];
+        ExperimentState state;
+        state.PlotInterval = 1.0;
+        BuildRiemannProblem(state, problem);
+        const int m = lastLeftCell[test];
+        EXPECT_EQ(state.MSelected, m);
+        EXPECT_EQ(state.Rho[m], problem.RhoL);
+        EXPECT_EQ(state.Rho[m + 1], problem.RhoR);
+        EXPECT_EQ(state.P[0], problem.PL);
+        EXPECT_EQ(state.Uy[401], problem.UyR);
+        EXPECT_EQ(state.MSelList[5], 401);
+        EXPECT_EQ(state.SP[401], static_cast<float>(problem.PR));
+    }
+}
+
+TEST(BuildRiemannProblem, SetsAxesAndReferenceSpeed) {
+    const struct {
+        std::size_t test;
+        double soundSpeed, rhoMin, rhoMax;
+    } rows[] = {{1, 1.183216, 0.125 - 1.05 * 0.05, 1.05},
+                {3, 0.748331, 0.9475, 1.05},
+                {4, 0.001183216, 0.9475, 1.05},
+                {8, 93.22547, 0.1261192 * (1.0 - 0.0525), 6.591493 * 1.05}};
+    for (const auto& row : rows) {
+        ExperimentState state;
+        BuildRiemannProblem(state, RiemannTests[row.test - 1]);
+        EXPECT_NEAR(state.SoundSpeed0, row.soundSpeed, 1e-6 * row.soundSpeed);
+        EXPECT_NEAR(state.RhoMin, row.rhoMin, 1e-12) << "test " << row.test;
+        EXPECT_NEAR(state.RhoMax, row.rhoMax, 1e-12) << "test " << row.test;
+    }
+    ExperimentState state;
+    BuildRiemannProblem(state, RiemannTests[6]);
+    EXPECT_DOUBLE_EQ(state.VXMin, 0.1 - 0.05 * state.SoundSpeed0);
+    EXPECT_DOUBLE_EQ(state.VXMax, 0.1 + 0.05 * state.SoundSpeed0);
+}
+
+// Whatever the grid, the control points lie in strictly rising cells within it.
+TEST(BuildRiemannProblem, KeepsTheControlPointsInOrderOnTheSmallestGrids) {
+    for (int n = 6; n <= 40; ++n) {
+        for (const RiemannProblem& problem : RiemannTests) {
+            ExperimentState state;
+            state.NGridCells = n;
+            BuildRiemannProblem(state, problem);
+            for (int k = 1; k <= state.NSelected + 1; ++k) {
+                ASSERT_LT(state.MSelList[k - 1], state.MSelList[k]) << n << " cells";
+            }
+            EXPECT_EQ(state.MSelList[state.NSelected + 1], n + 1);
+            EXPECT_EQ(state.RhoSelList[state.NSelected + 1], problem.RhoR);
+        }
+    }
+}
