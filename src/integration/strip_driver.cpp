@@ -1,0 +1,244 @@
+#include "integration/strip_driver.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "integration/tick_arrays.h"
+#include "model/experiment_state.h"
+
+namespace {
+
+// Metered work of a step, in cell updates, whatever the size of the grid.
+constexpr int MeteredCells = 80000;
+
+// Where a strip lies: strip cell x is grid cell Offset+x, x from 1 to Width.
+struct Strip {
+    int Offset;
+    int Width;
+};
+
+// Times the strip loop while it lives.
+class StripClock {
+public:
+    StripClock(const ExperimentState& state, TickArrays& tick)
+        : seconds_(state.MeterOn > 0 ? &tick.StripSeconds : nullptr) {
+        if (seconds_ != nullptr) start_ = Clock::now();
+    }
+    ~StripClock() {
+        if (seconds_ == nullptr) return;
+        *seconds_ = std::chrono::duration<double>(Clock::now() - start_).count();
+    }
+    StripClock(const StripClock&) = delete;
+    StripClock& operator=(const StripClock&) = delete;
+
+private:
+    using Clock = std::chrono::steady_clock;
+    double* seconds_;
+    Clock::time_point start_;
+};
+
+// The scalar arguments, in the libraries' float type.
+template <typename Float>
+struct Constants {
+    Constants(const ExperimentState& state, double stepDT)
+        : StepDT(static_cast<Float>(stepDT)),
+          Gamma(static_cast<Float>(state.Gamma)),
+          RhoFloor(static_cast<Float>(state.RhoFloor)),
+          AuxFloor(static_cast<Float>(state.AuxFloor)),
+          PFloor(static_cast<Float>(state.PFloor)),
+          VFloor(static_cast<Float>(state.VFloor)),
+          difcon(static_cast<Float>(state.difcon)),
+          shkjmp(static_cast<Float>(state.shkjmp)),
+          wavhaf(static_cast<Float>(state.wavhaf)) {}
+
+    Float StepDT, Gamma, RhoFloor, AuxFloor, PFloor, VFloor, difcon, shkjmp, wavhaf;
+};
+
+// The 25 equal rows of strip cells 1-B..W+B of one field.
+template <typename Float>
+void FillRows(const OffsetArray<Float>& field, const Strip& strip, int boundary,
+              OffsetArray<Float>& rows) {
+    const int length = strip.Width + 2 * boundary;
+    const Float* source = field.At(strip.Offset + 1 - boundary);
+    for (int row = 0; row < StripArrays<Float>::Rows; ++row) {
+        std::copy_n(source, length, rows.At(row * length));
+    }
+}
+
+// Real cells 1..W of a result array to their place in the grid, at most as far as cell N.
+template <typename Float>
+void Gather(const OffsetArray<Float>& result, const Strip& strip, int boundary,
+            OffsetArray<Float>& field) {
+    std::copy_n(result.At(boundary), strip.Width, field.At(strip.Offset + 1));
+}
+
+void Widen(const OffsetArray<float>& narrow, int last, OffsetArray<double>& wide) {
+    for (int i = 1; i <= last; ++i) wide[i] = narrow[i];
+}
+
+void Narrow(const OffsetArray<double>& wide, int first, int last, OffsetArray<float>& narrow) {
+    for (int i = first; i <= last; ++i) narrow[i] = static_cast<float>(wide[i]);
+}
+
+// Both Kestrel libraries take the same 26 arguments, in their own float type.
+template <typename Float, typename Entry>
+void CallKestrel(Entry* entry, const OffsetArray<Float>& x, const OffsetArray<Float>& smoke,
+                 OffsetArray<Float>& uzOut, StripArrays<Float>& arrays, const Strip& strip,
+                 int boundary, const Constants<Float>& constants, Float& courant,
+                 TickArrays& tick) {
+    const int from = strip.Offset + 1 - boundary;
+    for (int repeat = 0; repeat < tick.RepeatCount; ++repeat) {
+        entry(x.At(from), arrays.RhoRows.At(0), arrays.PRows.At(0), arrays.UxRows.At(0),
+              arrays.UyRows.At(0), arrays.ZeroRows.At(0), smoke.At(from), arrays.RhoStrip.At(0),
+              arrays.PStrip.At(0), arrays.UxStrip.At(0), arrays.UyStrip.At(0), uzOut.At(from),
+              arrays.SmokeStrip.At(0), &constants.StepDT, &courant, &constants.Gamma,
+              &constants.RhoFloor, &constants.AuxFloor, &constants.PFloor, &constants.VFloor,
+              &constants.difcon, &constants.shkjmp, &constants.wavhaf, &strip.Width, &boundary,
+              &tick.OpCounters[1]);
+    }
+}
+
+void CallHeron(const Strip& strip, int boundary, const Constants<float>& constants, float& courant,
+               TickArrays& tick) {
+    const int from = strip.Offset + 1 - boundary;
+    NarrowedGrid& grid = tick.Grid32;
+    StripArrays<float>& arrays = tick.Strip32;
+    for (int repeat = 0; repeat < tick.RepeatCount; ++repeat) {
+        tick.Library.Heron32(grid.XS.At(from), grid.RhoS.At(from), grid.PS.At(from),
+                             grid.UxS.At(from), grid.UyS.At(from), grid.UyS.At(from),
+                             grid.SmokeS.At(from), arrays.RhoStrip.At(0), arrays.PStrip.At(0),
+                             arrays.UxStrip.At(0), arrays.UyStrip.At(0), grid.UzOutS.At(from),
+                             arrays.SmokeStrip.At(0), &constants.StepDT, &courant, &constants.Gamma,
+                             &constants.RhoFloor, &constants.AuxFloor, &constants.PFloor,
+                             &constants.VFloor, &strip.Width, &boundary, &tick.OpCounters[1]);
+    }
+}
+
+void CallPlover(const Strip& strip, int boundary, const Constants<float>& constants, float& courant,
+                TickArrays& tick) {
+    const int from = strip.Offset + 1 - boundary;
+    NarrowedGrid& grid = tick.Grid32;
+    StripArrays<float>& arrays = tick.Strip32;
+    const float* x = grid.XS.At(from);
+    const float* rho = grid.RhoS.At(from);
+    const float* p = grid.PS.At(from);
+    const float* ux = grid.UxS.At(from);
+    const float* uy = grid.UyS.At(from);
+    const int middleRow = StripArrays<float>::Rows / 2 * (strip.Width + 2 * boundary);
+    const float* zero = arrays.ZeroRows.At(middleRow);
+    for (int repeat = 0; repeat < tick.RepeatCount; ++repeat) {
+        tick.Library.Plover(
+            x, rho, rho, rho, rho, rho, p, p, p, p, p, ux, ux, ux, ux, ux, uy, uy, uy, uy, uy, uy,
+            uy, zero, zero, zero, zero, zero, zero, zero, arrays.RhoStrip.At(0),
+            arrays.PStrip.At(0), arrays.UxStrip.At(0), arrays.UyStrip.At(0), grid.UzOutS.At(from),
+            &constants.StepDT, &courant, &constants.Gamma, &constants.RhoFloor, &constants.AuxFloor,
+            &constants.PFloor, &constants.VFloor, &strip.Width, &boundary, &tick.OpCounters[1]);
+    }
+}
+
+void Drive64(ExperimentState& state, TickArrays& tick) {
+    const int n = state.NGridCells;
+    const int b = state.NBDY;
+    const StripPlan plan = PlanStrips(n, WidestStrip64);
+    const Constants<double> constants(state, tick.StepDT);
+    StripArrays<double>& arrays = tick.Strip64;
+    arrays.ClearResults(plan.StripWidth, b);
+
+    const StripClock clock(state, tick);
+    for (int s = 0; s < plan.StripCount; ++s) {
+        Strip strip{s * plan.StripWidth, plan.StripWidth};
+        if (strip.Offset + strip.Width > n) {
+            strip.Width = n - strip.Offset;
+            arrays.ClearResults(strip.Width, b);
+        }
+        FillRows(state.Rho, strip, b, arrays.RhoRows);
+        FillRows(state.P, strip, b, arrays.PRows);
+        FillRows(state.Ux, strip, b, arrays.UxRows);
+        FillRows(state.Uy, strip, b, arrays.UyRows);
+        CallKestrel(tick.Library.Kestrel64, state.X, state.FSmoke, tick.UzOut, arrays, strip, b,
+                    constants, tick.StepCourant, tick);
+        Gather(arrays.RhoStrip, strip, b, tick.RhoOut);
+        Gather(arrays.PStrip, strip, b, tick.POut);
+        Gather(arrays.UxStrip, strip, b, tick.UxOut);
+        Gather(arrays.UyStrip, strip, b, state.UyNew);
+        Gather(arrays.SmokeStrip, strip, b, state.FSmokeNew);
+    }
+}
+
+void NarrowGrid(const ExperimentState& state, NarrowedGrid& grid) {
+    const int first = 1 - state.NBDY;
+    const int last = state.NGridCells + state.NBDY + 1;
+    Narrow(state.X, first, last, grid.XS);
+    Narrow(state.Rho, first, last, grid.RhoS);
+    Narrow(state.P, first, last, grid.PS);
+    Narrow(state.Ux, first, last, grid.UxS);
+    Narrow(state.Uy, first, last, grid.UyS);
+    Narrow(state.FSmoke, first, last, grid.SmokeS);
+}
+
+void CallLibrary32(const Strip& strip, int boundary, const Constants<float>& constants,
+                   float& courant, TickArrays& tick) {
+    if (tick.Library.Heron32 != nullptr) {
+        CallHeron(strip, boundary, constants, courant, tick);
+    } else if (tick.Library.Plover != nullptr) {
+        CallPlover(strip, boundary, constants, courant, tick);
+    } else {
+        NarrowedGrid& grid = tick.Grid32;
+        StripArrays<float>& arrays = tick.Strip32;
+        FillRows(grid.RhoS, strip, boundary, arrays.RhoRows);
+        FillRows(grid.PS, strip, boundary, arrays.PRows);
+        FillRows(grid.UxS, strip, boundary, arrays.UxRows);
+        FillRows(grid.UyS, strip, boundary, arrays.UyRows);
+        CallKestrel(tick.Library.Kestrel32, grid.XS, grid.SmokeS, grid.UzOutS, arrays, strip,
+                    boundary, constants, courant, tick);
+    }
+}
+
+void Drive32(ExperimentState& state, TickArrays& tick) {
+    const int n = state.NGridCells;
+    const int b = state.NBDY;
+    const StripPlan plan = PlanStrips(n, WidestStrip32);
+    const Constants<float> constants(state, tick.StepDT);
+    auto courant = static_cast<float>(tick.StepCourant);
+    NarrowedGrid& grid = tick.Grid32;
+    StripArrays<float>& arrays = tick.Strip32;
+    NarrowGrid(state, grid);
+    arrays.ClearResults(plan.StripWidth, b);
+
+    {
+        const StripClock clock(state, tick);
+        for (int s = 0; s < plan.StripCount; ++s) {
+            Strip strip{s * plan.StripWidth, plan.StripWidth};
+            // Heron32's last strip keeps its width and may reach past cell N, even past the ghosts.
+            if (tick.Library.Heron32 == nullptr && strip.Offset + strip.Width > n) {
+                strip.Width = n - strip.Offset;
+                arrays.ClearResults(strip.Width, b);
+            }
+            CallLibrary32(strip, b, constants, courant, tick);
+            Gather(arrays.RhoStrip, strip, b, grid.RhoOutS);
+            Gather(arrays.PStrip, strip, b, grid.POutS);
+            Gather(arrays.UxStrip, strip, b, grid.UxOutS);
+            Gather(arrays.UyStrip, strip, b, grid.UyOutS);
+            Gather(arrays.SmokeStrip, strip, b, grid.SmokeOutS);
+        }
+    }
+    tick.StepCourant = courant;
+    Widen(grid.RhoOutS, n, tick.RhoOut);
+    Widen(grid.POutS, n, tick.POut);
+    Widen(grid.UxOutS, n, tick.UxOut);
+    Widen(grid.UyOutS, n, state.UyNew);
+    Widen(grid.SmokeOutS, n, state.FSmokeNew);
+}
+
+}  // namespace
+
+void AdvanceAllStrips(ExperimentState& state, TickArrays& tick) {
+    if (!tick.Library.IsLoaded()) return;
+    tick.OpCounters.fill(0);
+    tick.RepeatCount = MeteredCells * state.MeterOn / state.NGridCells + 1;
+    if (tick.Library.Kestrel64 != nullptr) {
+        Drive64(state, tick);
+    } else {
+        Drive32(state, tick);
+    }
+}

@@ -1,0 +1,12 @@
+// Hands the state of one time step to a scheme library, strip by strip, and gathers the result.
+#pragma once
+
+struct ExperimentState;
+struct TickArrays;
+
+// One attempt at a step of length tick.StepDT with tick.Library: fills tick.RhoOut, POut, UxOut and
+// state.UyNew, FSmokeNew for cells 1..N and sets tick.StepCourant, all else of the state is only
+// read. Needs fresh ghost zones. Without a library nothing happens. Every strip reads the state as
+// it stood before the step, so that neither their order nor their number shows in the result.
+// With the meter on every call is repeated with the same arguments and the strip loop is timed.
+void AdvanceAllStrips(ExperimentState& state, TickArrays& tick);

@@ -1,0 +1,64 @@
+#include "integration/tick_arrays.h"
+
+#include <algorithm>
+
+#include "model/experiment_state.h"
+
+namespace {
+
+constexpr int FirstCell = -6;
+
+}  // namespace
+
+StripPlan PlanStrips(int nGridCells, int widestStrip) {
+    const int count = (nGridCells + widestStrip - 1) / widestStrip;
+    return {count, (nGridCells + count - 1) / count};
+}
+
+template <typename Float>
+StripArrays<Float>::StripArrays(int width, int boundary) {
+    const int rows = Rows * (width + 2 * boundary);
+    for (OffsetArray<Float>* array : {&RhoRows, &PRows, &UxRows, &UyRows, &ZeroRows}) {
+        *array = OffsetArray<Float>(0, rows - 1);
+    }
+    for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip, &SmokeStrip}) {
+        *array = OffsetArray<Float>(0, width + 2 * boundary);
+    }
+}
+
+template <typename Float>
+void StripArrays<Float>::ClearResults(int width, int boundary) {
+    for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip, &SmokeStrip}) {
+        std::fill_n(array->At(0), width + 2 * boundary + 1, Float(0));
+    }
+}
+
+template struct StripArrays<double>;
+template struct StripArrays<float>;
+
+NarrowedGrid::NarrowedGrid(int last) {
+    for (OffsetArray<float>* array : {&XS, &RhoS, &PS, &UxS, &UyS, &SmokeS, &RhoOutS, &POutS,
+                                      &UxOutS, &UyOutS, &SmokeOutS, &UzOutS}) {
+        *array = OffsetArray<float>(FirstCell, last);
+    }
+}
+
+TickArrays::TickArrays(const ExperimentState& state)
+    : TickArrays(state, LoadSchemeLibrary(state.SchemeName)) {}
+
+TickArrays::TickArrays(const ExperimentState& state, const SchemeLibrary& library)
+    : Library(library), StepDT(state.DTime) {
+    if (!Library.IsLoaded()) return;
+    const int n = state.NGridCells;
+    const int b = state.NBDY;
+    for (OffsetArray<double>* array : {&RhoOut, &POut, &UxOut, &UzOut}) {
+        *array = OffsetArray<double>(FirstCell, n + b + 1);
+    }
+    if (Library.Kestrel64 != nullptr) {
+        Strip64 = StripArrays<double>(PlanStrips(n, WidestStrip64).StripWidth, b);
+        return;
+    }
+    const StripPlan plan = PlanStrips(n, WidestStrip32);
+    Grid32 = NarrowedGrid(std::max(n, plan.StripCount * plan.StripWidth) + b + 1);
+    Strip32 = StripArrays<float>(plan.StripWidth, b);
+}

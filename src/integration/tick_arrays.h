@@ -1,0 +1,69 @@
+// What one metronome tick works with and forgets at its end.
+#pragma once
+
+#include <array>
+
+#include "integration/scheme_library.h"
+#include "model/offset_array.h"
+
+struct ExperimentState;
+
+// The grid is handed to a library in strips of at most this many real cells.
+constexpr int WidestStrip64 = 100;
+constexpr int WidestStrip32 = 200;
+
+// StripCount strips of StripWidth real cells each, as equal as they can be; the last may be
+// narrower, or reach past cell N.
+struct StripPlan {
+    int StripCount = 0;
+    int StripWidth = 0;
+};
+StripPlan PlanStrips(int nGridCells, int widestStrip);
+
+// The strip under way. A row is strip cells 1-B..W+B; the row arrays hold 25 equal rows one behind
+// the other, ZeroRows nothing but zeros; a result array is strip cells 1-B..W+B+1. B is NBDY and W
+// the width of the strip. Sized for the widest strip of the plan.
+template <typename Float>
+struct StripArrays {
+    static constexpr int Rows = 25;
+
+    StripArrays() = default;
+    StripArrays(int width, int boundary);
+    void ClearResults(int width, int boundary);
+
+    // The rows and results are addressed from 0, as they go to the library.
+    OffsetArray<Float> RhoRows, PRows, UxRows, UyRows, ZeroRows;
+    OffsetArray<Float> RhoStrip, PStrip, UxStrip, UyStrip, SmokeStrip;
+};
+
+// The whole grid narrowed for the 32-bit libraries, and what they return. Cells -6..N+B+1 at least,
+// and as far as the last full strip of Heron32 reaches; all zero beyond the ghost cells.
+struct NarrowedGrid {
+    NarrowedGrid() = default;
+    explicit NarrowedGrid(int last);
+
+    OffsetArray<float> XS, RhoS, PS, UxS, UyS, SmokeS;
+    OffsetArray<float> RhoOutS, POutS, UxOutS, UyOutS, SmokeOutS;
+    OffsetArray<float> UzOutS;  // the libraries' third velocity, read by nobody
+};
+
+struct TickArrays {
+    // Everything is allocated here, none of it during a step, and only for the road that the
+    // scheme takes.
+    explicit TickArrays(const ExperimentState& state);
+    TickArrays(const ExperimentState& state, const SchemeLibrary& library);
+
+    SchemeLibrary Library;
+    double StepDT = 0.0;       // DTime, as handed to the library
+    double StepCourant = 0.0;  // Courant number of the step under way
+
+    OffsetArray<double> RhoOut, POut, UxOut;  // new state of cells 1..N
+    OffsetArray<double> UzOut;                // the library's third velocity, read by nobody
+    NarrowedGrid Grid32;
+    StripArrays<double> Strip64;
+    StripArrays<float> Strip32;
+
+    int RepeatCount = 1;              // calls per strip, above 1 only for the meter
+    std::array<int, 9> OpCounters{};  // 1 to 8 are the libraries' operation counts
+    double StripSeconds = 0.0;        // duration of the strip loop, 0 with the meter off
+};

@@ -1,0 +1,76 @@
+#include "integration/time_step.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "integration/boundary_zones.h"
+#include "integration/strip_driver.h"
+#include "integration/tick_arrays.h"
+#include "model/experiment_state.h"
+#include "model/number_text.h"
+
+namespace {
+
+// 0.9^300 is 2e-14: a scheme that still reports 1 or more then is not going to stop.
+constexpr int MostAttempts = 300;
+
+double SmallToZero(double velocity, double floor) {
+    return velocity < floor && velocity > -floor ? 0.0 : velocity;
+}
+
+// True once an attempt has come in under the Courant gate. Every failed one shortens the step.
+bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
+    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+        tick.StepDT = state.DTime;
+        tick.StepCourant = 0.0;
+        FillBoundaryZones(state);
+        AdvanceAllStrips(state, tick);
+        if (std::isnan(tick.StepCourant)) return false;
+        if (tick.StepCourant < 1.0) return true;
+        state.DTime *= 0.9;
+    }
+    return false;
+}
+
+}  // namespace
+
+int StepsOfTick(const ExperimentState& state) {
+    constexpr double weakWaveDensity = 1.08;
+    int steps = state.NGridCells / 30;
+    if (state.SoundWaveMode == 1 && state.RhoMax < weakWaveDensity) {
+        steps = RoundToEven(0.1 / state.DTime);
+    }
+    return std::max(steps, 1);
+}
+
+void AcceptStep(ExperimentState& state, const TickArrays& tick) {
+    for (int i = 1; i <= state.NGridCells; ++i) {
+        state.Rho[i] = std::max(tick.RhoOut[i], state.RhoFloor);
+        state.P[i] = std::max(tick.POut[i], state.PFloor);
+        state.Ux[i] = SmallToZero(tick.UxOut[i], state.VFloor);
+        state.Uy[i] = SmallToZero(state.UyNew[i], state.VFloor);
+        state.FSmoke[i] = state.FSmokeNew[i];
+    }
+}
+
+void ControlTimeStep(ExperimentState& state, double stepCourant) {
+    if (state.CourantNumber * 0.9 > stepCourant) {
+        state.DTime = std::min(state.DTime * 1.025, state.PlotInterval);
+    } else if (stepCourant > state.CourantNumber) {
+        state.DTime = (state.CourantNumber / stepCourant) * state.DTime;
+    }
+}
+
+bool TakeTimeStep(ExperimentState& state, TickArrays& tick) {
+    if (!tick.Library.IsLoaded()) return false;
+    const double stepBefore = state.DTime;
+    if (!PassCourantGate(state, tick)) {
+        state.DTime = stepBefore;
+        return false;
+    }
+    AcceptStep(state, tick);
+    state.Time += state.DTime;
+    state.TimeToPlot -= state.DTime;
+    ControlTimeStep(state, tick.StepCourant);
+    return true;
+}
