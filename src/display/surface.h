@@ -1,0 +1,94 @@
+// A picture on the panel that is drawn by plain calls and keeps what was drawn.
+#pragma once
+
+#include <QImage>
+#include <QPointF>
+#include <QWidget>
+#include <functional>
+#include <variant>
+#include <vector>
+
+#include "panel/panel_scale.h"
+
+class QPainter;
+
+// Coordinates are in the surface's own unit, from the interior's top left, y growing downward. They
+// may lie anywhere: what is off the surface or not finite is not seen. Lines and boxes are black
+// and one logical pixel wide.
+//
+// Drawing since the last Cls is kept as a list and becomes an image once, when somebody looks. The
+// paint event only copies that image out. It runs no procedure of ours, because those write text
+// boxes; so exposure loses nothing and changes nothing.
+class Surface : public QWidget {
+public:
+    // unitsPerPixel: the size of a logical pixel in the unit of the coordinates.
+    Surface(const PanelScale& scale, double unitsPerPixel, QWidget* parent = nullptr);
+
+    // The outer position and size in twips. What was drawn stays; a gray picture stretches.
+    void Place(const QRect& twips);
+
+    // Interior size in the surface's unit.
+    float ScaleWidth() const { return static_cast<float>(width() * unitsPerPixel_); }
+    float ScaleHeight() const { return static_cast<float>(height() * unitsPerPixel_); }
+
+    // Erases everything; the current point returns to 0, 0.
+    void Cls();
+
+    // A segment from the given start, or from the current point; its end is the new current point.
+    void LineFrom(float x1, float y1, float x2, float y2);
+    void LineOn(float x2, float y2);
+
+    // The rectangle with the corners x, y and x+w, y+h, or its edge only. The current point stays.
+    void BoxFilled(float x, float y, float w, float h);
+    void BoxOutline(float x, float y, float w, float h);
+
+    // Shows a copy of a picture over the whole surface, in place of all that was drawn.
+    void ShowGray(const QImage& gray);
+
+    // Brings what was drawn to the screen when the present event has been handled.
+    void Refresh();
+
+    // What the surface shows, at the device pixel ratio of its screen.
+    const QImage& Image();
+
+    // What the user does here, in the order press, click, double click. A click is a release inside
+    // the surface; the second release of a double click is none.
+    std::function<void(float x, float y)> Pressed;
+    std::function<void()> Clicked;
+    std::function<void()> DoubleClicked;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    using Curve = std::vector<QPointF>;
+    struct Box {
+        QPointF Corner;
+        QPointF Opposite;
+        bool Filled;
+    };
+    using Item = std::variant<Curve, Box, QImage>;
+
+    void Erase();
+    void Keep(Item item, std::size_t points);
+    void Rasterise();
+    void Draw(QPainter& painter, const Curve& curve) const;
+    void Draw(QPainter& painter, const Box& box) const;
+    void Draw(QPainter& painter, const QImage& picture) const;
+    QPointF ToDevice(QPointF point) const;
+    int PenWidth() const;
+
+    PanelScale scale_;
+    double unitsPerPixel_;
+    QPointF current_;
+    std::vector<Item> items_;     // all that the surface shows, the oldest first
+    std::size_t keptPoints_ = 0;  // points in items_
+    std::size_t drawn_ = 0;       // items that image_ holds already
+    bool blank_ = true;           // image_ has to be erased before the first item
+    QImage image_;
+    bool updatePosted_ = false;  // a paint event is on its way
+    bool pressedHere_ = false;   // the button went down here and the release will be a click
+};

@@ -1,0 +1,16 @@
+// The program: one window, no command line.
+#include <QApplication>
+#include <clocale>
+
+#include "panel/look.h"
+#include "panel/main_window.h"
+
+int main(int argc, char** argv) {
+    QGuiApplication::setDesktopFileName("ternlow");
+    QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");  // the application object has taken the user's
+    UseFixedLook();
+    frmTernlow window;
+    window.show();
+    return QApplication::exec();
+}

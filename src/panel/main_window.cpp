@@ -1,0 +1,214 @@
+#include "panel/main_window.h"
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "display/surface.h"
+#include "panel/choice_list.h"
+#include "panel/common_dialog.h"
+#include "panel/look.h"
+#include "panel/panel_scroll_bar.h"
+#include "panel/wrapping_button.h"
+#include "panel/wrapping_label.h"
+
+namespace {
+
+CaptionAlignment AlignmentOf(bool isCentred) {
+    return isCentred ? CaptionAlignment::Centred : CaptionAlignment::Left;
+}
+
+}  // namespace
+
+// The texts of the design come first and the handlers are connected afterwards: a text that the
+// panel is made with is no edit.
+frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
+    setObjectName("frmTernlow");
+    setWindowTitle(WindowTitle);
+    setFixedSize(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
+
+    MakeButtons();
+    MakeTextBoxes();
+    MakeLabels();
+    MakeSurfaces();
+    MakeScrollBars();
+    MakeListBox();
+    MakeTimerAndDialog();
+    SetTabOrder();
+    StackControls();
+
+    ConnectPresses();
+    ConnectBoxes();
+    ConnectTimer();
+}
+
+QFont frmTernlow::FontOf(const PanelFont& font) const {
+    QFont made("Liberation Sans");
+    made.setPixelSize(scale_.FontPixels(font.Pixels));
+    made.setBold(font.Bold);
+    return made;
+}
+
+template <typename Row>
+void frmTernlow::Dress(QWidget& control, const Row& row, const QString& spokenName) const {
+    control.setObjectName(row.Name);
+    control.setGeometry(scale_.ToPixels(row.Twips));
+    control.setAccessibleName(spokenName.simplified());
+}
+
+void frmTernlow::MakeButtons() {
+    for (const ButtonRow& row : Buttons) {
+        auto* button = new WrappingButton(row.Caption, this);
+        Dress(*button, row, row.Caption);
+        button->setToolTip(row.ToolTip);
+        button->setFont(FontOf(row.Font));
+        button->setAutoDefault(true);  // Enter presses the button that has the focus
+        if (row.Face != Plain) {
+            QPalette colours = button->palette();
+            colours.setColor(QPalette::Button, QColor(row.Face));
+            colours.setColor(QPalette::ButtonText, ReadableOn(row.Face));
+            button->setPalette(colours);
+        }
+        controls.*row.Control = button;
+    }
+}
+
+void frmTernlow::MakeTextBoxes() {
+    for (const TextBoxRow& row : TextBoxes) {
+        auto* box = new QLineEdit(row.Text, this);
+        Dress(*box, row, row.SpokenName);
+        box->setToolTip(row.ToolTip);
+        box->setFont(FontOf(TextBoxFont));
+        box->setAlignment(row.IsCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+        controls.*row.Control = box;
+    }
+}
+
+void frmTernlow::MakeLabels() {
+    for (const LabelRow& row : Labels) {
+        auto* label = new WrappingLabel(row.Caption, AlignmentOf(row.IsCentred), row.IsBoxed, this);
+        Dress(*label, row, row.Caption);
+        label->setToolTip(row.ToolTip);
+        label->setFont(FontOf(row.Font));
+        QPalette colours = label->palette();
+        colours.setColor(QPalette::WindowText, QColor(row.Text));
+        colours.setColor(QPalette::Window, QColor(row.Back));
+        label->setPalette(colours);
+        label->setAutoFillBackground(row.Back != Transparent);
+        controls.*row.Control = label;
+    }
+}
+
+void frmTernlow::MakeSurfaces() {
+    for (const SurfaceRow& row : Surfaces) {
+        auto* surface = new Surface(scale_, row.IsInTwips ? scale_.TwipsPerPixel() : 1.0, this);
+        Dress(*surface, row, row.SpokenName);
+        surface->setToolTip(row.ToolTip);
+        controls.*row.Control = surface;
+    }
+}
+
+void frmTernlow::MakeScrollBars() {
+    for (const ScrollBarRow& row : ScrollBars) {
+        auto* bar = new PanelScrollBar(row.Orientation, this);
+        Dress(*bar, row, row.SpokenName);
+        controls.*row.Control = bar;
+    }
+}
+
+void frmTernlow::MakeListBox() {
+    const ListBoxRow& row = GrayVariables;
+    auto* list = new ChoiceList(this);
+    Dress(*list, row, row.SpokenName);
+    list->setToolTip(row.ToolTip);
+    list->setFont(FontOf(row.Font));
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    for (const char* text : row.Texts) list->addItem(text);
+    controls.*row.Control = list;
+}
+
+void frmTernlow::MakeTimerAndDialog() {
+    auto* timer = new QTimer(this);
+    timer->setObjectName(Metronome.Name);
+    timer->setTimerType(Qt::PreciseTimer);
+    timer->start(Metronome.Milliseconds);
+    controls.*Metronome.Control = timer;
+
+    auto* dialog = new CommonDialog(controls, this);
+    dialog->setObjectName(FileDialog.Name);
+    controls.*FileDialog.Control = dialog;
+}
+
+void frmTernlow::SetTabOrder() {
+    std::vector<std::pair<int, QWidget*>> order;
+    const auto add = [&](const auto& row) { order.emplace_back(row.Tab, controls.*row.Control); };
+    std::for_each(Buttons.begin(), Buttons.end(), add);
+    std::for_each(TextBoxes.begin(), TextBoxes.end(), add);
+    std::for_each(Labels.begin(), Labels.end(), add);
+    std::for_each(Surfaces.begin(), Surfaces.end(), add);
+    std::for_each(ScrollBars.begin(), ScrollBars.end(), add);
+    add(GrayVariables);
+    std::sort(order.begin(), order.end());
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1].second, order[i].second);
+    }
+}
+
+// Big, the space-time picture covers the plots, the bar between them and their captions, but not
+// the boxes at the ends of their axes.
+void frmTernlow::StackControls() {
+    controls.pctSpaceTime->raise();
+    for (QLineEdit* box : {controls.txtDensityMin, controls.txtDensityMax, controls.txtPressureMin,
+                           controls.txtPressureMax}) {
+        box->raise();
+    }
+}
+
+template <typename... Arguments>
+auto frmTernlow::Runs(void (*handler)(ExperimentState&, Controls&, Arguments...)) {
+    return [this, handler](Arguments... arguments) { handler(state, controls, arguments...); };
+}
+
+void frmTernlow::ConnectPresses() {
+    for (const ButtonRow& row : Buttons) {
+        if (row.Click) connect(controls.*row.Control, &QPushButton::clicked, this, Runs(row.Click));
+    }
+    for (const SurfaceRow& row : Surfaces) {
+        Surface& surface = *(controls.*row.Control);
+        if (row.MouseDown) surface.Pressed = Runs(row.MouseDown);
+        if (row.Click) surface.Clicked = Runs(row.Click);
+        if (row.DblClick) surface.DoubleClicked = Runs(row.DblClick);
+    }
+}
+
+void frmTernlow::ConnectBoxes() {
+    for (const TextBoxRow& row : TextBoxes) {
+        if (row.Change) {
+            connect(controls.*row.Control, &QLineEdit::textChanged, this, Runs(row.Change));
+        }
+    }
+    for (const ScrollBarRow& row : ScrollBars) {
+        if (!row.Change || !row.Scroll) continue;
+        QScrollBar* bar = controls.*row.Control;
+        connect(bar, &QScrollBar::valueChanged, this, [this, bar, &row] {
+            (bar->isSliderDown() ? row.Scroll : row.Change)(state, controls);
+        });
+    }
+    auto* list = static_cast<ChoiceList*>(controls.*GrayVariables.Control);
+    if (GrayVariables.Click) list->Chosen = Runs(GrayVariables.Click);
+}
+
+// Nothing but the tick may ever be connected to the metronome: what holds the tick blocks the
+// timer's signals.
+void frmTernlow::ConnectTimer() {
+    if (!Metronome.Tick) return;
+    connect(controls.*Metronome.Control, &QTimer::timeout, this, Runs(Metronome.Tick));
+}
+
+void frmTernlow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter(this).drawPixmap(0, 0, background_);
+}

@@ -1,0 +1,44 @@
+// The main window: it owns the experiment and makes every control of the panel.
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+#include "display/controls.h"
+#include "model/experiment_state.h"
+#include "panel/panel_layout.h"
+#include "panel/panel_scale.h"
+
+class frmTernlow : public QWidget {
+public:
+    explicit frmTernlow(const PanelScale& scale = PanelScale());
+
+    ExperimentState state;
+    Controls controls;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void MakeButtons();
+    void MakeTextBoxes();
+    void MakeLabels();
+    void MakeSurfaces();
+    void MakeScrollBars();
+    void MakeListBox();
+    void MakeTimerAndDialog();
+    void SetTabOrder();
+    void StackControls();
+    void ConnectBoxes();
+    void ConnectPresses();
+    void ConnectTimer();
+
+    QFont FontOf(const PanelFont& font) const;
+    template <typename Row>
+    void Dress(QWidget& control, const Row& row, const QString& spokenName) const;
+    template <typename... Arguments>
+    auto Runs(void (*handler)(ExperimentState&, Controls&, Arguments...));
+
+    PanelScale scale_;
+    QPixmap background_;
+};
