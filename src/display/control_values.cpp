@@ -46,6 +46,18 @@ void PutCaption(QPushButton* button, const std::string& caption) {
     button->setAccessibleName(text.simplified());
 }
 
+int BarValue(const QScrollBar* bar) {
+    return bar->value();
+}
+
+int BarMinimum(const QScrollBar* bar) {
+    return bar->minimum();
+}
+
+int BarMaximum(const QScrollBar* bar) {
+    return bar->maximum();
+}
+
 void PutBarValue(QScrollBar* bar, int value) {
     bar->setValue(To16Bits(value));
 }

@@ -20,6 +20,9 @@ void PutCaption(QPushButton* button, const std::string& caption);
 
 // A bar's numbers have 16 bits; one beyond them becomes the nearest that has. A value stays within
 // its bar's range, and a range that comes to exclude the value pulls it in.
+int BarValue(const QScrollBar* bar);
+int BarMinimum(const QScrollBar* bar);
+int BarMaximum(const QScrollBar* bar);
 void PutBarValue(QScrollBar* bar, int value);
 void PutBarRange(QScrollBar* bar, int minimum, int maximum);
 void PutBarSteps(QScrollBar* bar, int small, int large);

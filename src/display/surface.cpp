@@ -232,8 +232,7 @@ void Surface::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void Surface::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    pressedHere_ = true;
+    if (event->button() == Qt::LeftButton) pressedHere_ = true;
     if (Pressed) {
         const QPointF place = event->position() * unitsPerPixel_;
         Pressed(static_cast<float>(place.x()), static_cast<float>(place.y()));

@@ -51,8 +51,9 @@ public:
     // What the surface shows, at the device pixel ratio of its screen.
     const QImage& Image();
 
-    // What the user does here, in the order press, click, double click. A click is a release inside
-    // the surface; the second release of a double click is none.
+    // What the user does here, in the order press, click, double click. Any button presses; only
+    // the left one clicks. A click is a release inside the surface; the second release of a double
+    // click is none.
     std::function<void(float x, float y)> Pressed;
     std::function<void()> Clicked;
     std::function<void()> DoubleClicked;

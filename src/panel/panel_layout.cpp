@@ -1,6 +1,13 @@
 #include "panel/panel_layout.h"
 
 #include "display/controls.h"
+#include "display/plot_picking.h"
+#include "display/stored_state_browser.h"
+#include "integration/metronome.h"
+#include "panel/run_control.h"
+#include "panel/run_parameters.h"
+#include "panel/value_entry.h"
+#include "setup/riemann_tests.h"
 
 namespace {
 
@@ -35,10 +42,10 @@ constexpr const char* SpaceTimeTip =
 
 // clang-format off
 constexpr std::array<ButtonRow, 25> Buttons = {{
-    {&Controls::cmdBegin,                 "cmdBegin",                 "Begin",            {13440, 1320, 1215, 975},  0x008000, NoStill, Bold18,  35, nullptr, "Press to begin the calculation (from the beginning)."},
-    {&Controls::cmdPause,                 "cmdPause",                 "Pause",            {9720, 1680, 1455, 615},   0xFF0000, NoStill, Bold18,  31, nullptr, "Press to pause the calculation."},
-    {&Controls::cmdContinue,              "cmdContinue",              "Continue",         {11520, 1680, 1455, 615},  0x00C000, NoStill, Bold18,  32, nullptr, "Press to continue the calculation."},
-    {&Controls::cmdRestart,               "cmdRestart",               "Restart",          {13440, 120, 1215, 975},   0xFF0000, NoStill, Bold18,  33, nullptr, "Press to stop the calculation and prepare to begin it again."},
+    {&Controls::cmdBegin,                 "cmdBegin",                 "Begin",            {13440, 1320, 1215, 975},  0x008000, NoStill, Bold18,  35, cmdBegin_Click, "Press to begin the calculation (from the beginning)."},
+    {&Controls::cmdPause,                 "cmdPause",                 "Pause",            {9720, 1680, 1455, 615},   0xFF0000, NoStill, Bold18,  31, cmdPause_Click, "Press to pause the calculation."},
+    {&Controls::cmdContinue,              "cmdContinue",              "Continue",         {11520, 1680, 1455, 615},  0x00C000, NoStill, Bold18,  32, cmdContinue_Click, "Press to continue the calculation."},
+    {&Controls::cmdRestart,               "cmdRestart",               "Restart",          {13440, 120, 1215, 975},   0xFF0000, NoStill, Bold18,  33, cmdRestart_Click, "Press to stop the calculation and prepare to begin it again."},
     {&Controls::cmdNumericalScheme,       "cmdNumericalScheme",       "  PPM?   Mflops?", {7080, 10560, 735, 615},   0xC00000, NoStill, Bold11,  66, nullptr, "Click here to select the difference scheme."},
     {&Controls::cmdBoundaryConditionType, "cmdBoundaryConditionType", "Bdrys",            {7140, 120, 615, 375},     0xFF8000, NoStill, Bold11,  14, nullptr, "Click here to clear the plotting windows."},
     {&Controls::cmdGetDiffConsts,         "cmdGetDiffConsts",         "Get Diff Consts",  {8760, 1560, 735, 735},    0xFF0000, NoStill, Bold11,  24, nullptr, "Click here to change the default constants that control the special PPM shock dissipation."},
@@ -52,27 +59,27 @@ constexpr std::array<ButtonRow, 25> Buttons = {{
     {&Controls::cmdSelect,                "cmdSelect",                "Select",           {3840, 120, 872, 372},     Plain,    NoStill, Bold13,  5,  nullptr, "Press to select a new grid cell"},
     {&Controls::cmdDeselect,              "cmdDeselect",              "Deselect",         {4820, 120, 1117, 372},    Plain,    NoStill, Bold13,  6,  nullptr, "Press to deselect the present grid cell"},
     {&Controls::cmdReset,                 "cmdReset",                 "Reset",            {6045, 120, 872, 372},     Plain,    NoStill, Bold13,  7,  nullptr, "Press to deselect all grid cells but the first and the last."},
-    {&Controls::cmdTest1,                 "cmdTest1",                 "Test 1",           {240, 10560, 1455, 615},   0x00C000, Still,   Bold24,  58, nullptr, "Click here to set up for Test 1."},
-    {&Controls::cmdTest2,                 "cmdTest2",                 "Test 2",           {1920, 10560, 1455, 615},  0x00C000, Still,   Bold24,  59, nullptr, "Click here to set up for Test 2."},
-    {&Controls::cmdTest3,                 "cmdTest3",                 "Test 3",           {3600, 10560, 1455, 615},  0x00C000, Still,   Bold24,  60, nullptr, "Click here to set up for Test 3."},
-    {&Controls::cmdTest4,                 "cmdTest4",                 "Test 4",           {5280, 10560, 1455, 615},  0x00C000, Still,   Bold24,  61, nullptr, "Click here to set up for Test 4."},
-    {&Controls::cmdTest5,                 "cmdTest5",                 "Test 5",           {8160, 10560, 1455, 615},  0x00C000, Still,   Bold24,  62, nullptr, "Click here to set up for Test 5."},
-    {&Controls::cmdTest6,                 "cmdTest6",                 "Test 6",           {9840, 10560, 1455, 615},  0x00C000, Still,   Bold24,  63, nullptr, "Click here to set up for Test 6."},
-    {&Controls::cmdTest7,                 "cmdTest7",                 "Test 7",           {11520, 10560, 1455, 615}, 0x00C000, Still,   Bold24,  64, nullptr, "Click here to set up for Test 7."},
-    {&Controls::cmdTest8,                 "cmdTest8",                 "Test 8",           {13200, 10560, 1455, 615}, 0x00C000, Still,   Bold24,  65, nullptr, "Click here to set up for Test 8."},
+    {&Controls::cmdTest1,                 "cmdTest1",                 "Test 1",           {240, 10560, 1455, 615},   0x00C000, Still,   Bold24,  58, cmdTest1_Click, "Click here to set up for Test 1."},
+    {&Controls::cmdTest2,                 "cmdTest2",                 "Test 2",           {1920, 10560, 1455, 615},  0x00C000, Still,   Bold24,  59, cmdTest2_Click, "Click here to set up for Test 2."},
+    {&Controls::cmdTest3,                 "cmdTest3",                 "Test 3",           {3600, 10560, 1455, 615},  0x00C000, Still,   Bold24,  60, cmdTest3_Click, "Click here to set up for Test 3."},
+    {&Controls::cmdTest4,                 "cmdTest4",                 "Test 4",           {5280, 10560, 1455, 615},  0x00C000, Still,   Bold24,  61, cmdTest4_Click, "Click here to set up for Test 4."},
+    {&Controls::cmdTest5,                 "cmdTest5",                 "Test 5",           {8160, 10560, 1455, 615},  0x00C000, Still,   Bold24,  62, cmdTest5_Click, "Click here to set up for Test 5."},
+    {&Controls::cmdTest6,                 "cmdTest6",                 "Test 6",           {9840, 10560, 1455, 615},  0x00C000, Still,   Bold24,  63, cmdTest6_Click, "Click here to set up for Test 6."},
+    {&Controls::cmdTest7,                 "cmdTest7",                 "Test 7",           {11520, 10560, 1455, 615}, 0x00C000, Still,   Bold24,  64, cmdTest7_Click, "Click here to set up for Test 7."},
+    {&Controls::cmdTest8,                 "cmdTest8",                 "Test 8",           {13200, 10560, 1455, 615}, 0x00C000, Still,   Bold24,  65, cmdTest8_Click, "Click here to set up for Test 8."},
 }};
 
 constexpr std::array<TextBoxRow, 17> TextBoxes = {{
     {&Controls::txtNGridCells,        "txtNGridCells",        " 501",     {120, 120, 1332, 372},    Centred, 0,  nullptr, "N Grid Cells",      "enter the number of grid cells here"},
-    {&Controls::txtMSelected,         "txtMSelected",         " 251",     {120, 600, 1332, 372},    Centred, 2,  nullptr, "M Selected",        "Enter the number of the selected grid cell"},
-    {&Controls::txtDensity,           "txtDensity",           " 1.0",     {120, 1080, 1332, 372},   Centred, 42, nullptr, "Density",           "Enter the density of the selected grid cell here."},
-    {&Controls::txtPressure,          "txtPressure",          "1.0",      {120, 1560, 1332, 372},   Centred, 41, nullptr, "Pressure",          "Enter the pressure of the selected grid cell here."},
-    {&Controls::txtVelocity,          "txtVelocity",          " 0.0000",  {120, 2040, 1332, 372},   Centred, 39, nullptr, "Velocity",          "Enter the velocity of the selected grid cell here."},
-    {&Controls::txtCourantNumber,     "txtCourantNumber",     " 0.5",     {7920, 2040, 735, 345},   Left,    20, nullptr, "Courant Number",    "The Courant number target for the computation is entered here."},
-    {&Controls::txtMSec,              "txtMSec",              " 5",       {9720, 1080, 972, 372},   Centred, 29, nullptr, "msec per step",     "Enter the number of milliseconds per time step for this run"},
-    {&Controls::txtNPeriods,          "txtNPeriods",          " 2",       {9720, 600, 972, 372},    Centred, 27, nullptr, "Time Units to Run", "Enter the number of fundamental periods of sound wave propagation for this run"},
-    {&Controls::txtNPlotsPerPeriod,   "txtNPlotsPerPeriod",   " 20",      {9720, 120, 972, 372},    Centred, 25, nullptr, "Plots / Time Unit", "Enter the number of snap shots desired per fundamental period of sound wave propagation."},
-    {&Controls::txtStoredStateNumber, "txtStoredStateNumber", "0",        {7140, 2040, 615, 345},   Centred, 10, nullptr, "Stored State",      "The number of the stored state being displayed is shown here."},
+    {&Controls::txtMSelected,         "txtMSelected",         " 251",     {120, 600, 1332, 372},    Centred, 2,  txtMSelected_Change, "M Selected",        "Enter the number of the selected grid cell"},
+    {&Controls::txtDensity,           "txtDensity",           " 1.0",     {120, 1080, 1332, 372},   Centred, 42, txtDensity_Change, "Density",           "Enter the density of the selected grid cell here."},
+    {&Controls::txtPressure,          "txtPressure",          "1.0",      {120, 1560, 1332, 372},   Centred, 41, txtPressure_Change, "Pressure",          "Enter the pressure of the selected grid cell here."},
+    {&Controls::txtVelocity,          "txtVelocity",          " 0.0000",  {120, 2040, 1332, 372},   Centred, 39, txtVelocity_Change, "Velocity",          "Enter the velocity of the selected grid cell here."},
+    {&Controls::txtCourantNumber,     "txtCourantNumber",     " 0.5",     {7920, 2040, 735, 345},   Left,    20, txtCourantNumber_Change, "Courant Number",    "The Courant number target for the computation is entered here."},
+    {&Controls::txtMSec,              "txtMSec",              " 5",       {9720, 1080, 972, 372},   Centred, 29, txtMSec_Change, "msec per step",     "Enter the number of milliseconds per time step for this run"},
+    {&Controls::txtNPeriods,          "txtNPeriods",          " 2",       {9720, 600, 972, 372},    Centred, 27, txtNPeriods_Change, "Time Units to Run", "Enter the number of fundamental periods of sound wave propagation for this run"},
+    {&Controls::txtNPlotsPerPeriod,   "txtNPlotsPerPeriod",   " 20",      {9720, 120, 972, 372},    Centred, 25, txtNPlotsPerPeriod_Change, "Plots / Time Unit", "Enter the number of snap shots desired per fundamental period of sound wave propagation."},
+    {&Controls::txtStoredStateNumber, "txtStoredStateNumber", "0",        {7140, 2040, 615, 345},   Centred, 10, txtStoredStateNumber_Change, "Stored State",      "The number of the stored state being displayed is shown here."},
     {&Controls::txtTime,              "txtTime",              " t = 0.0", {6960, 9360, 1335, 372},  Left,    50, nullptr, "Time",              "The time corresponding to the plots presently displayed appears in this window."},
     {&Controls::txtDensityMin,        "txtDensityMin",        " 1.0",     {120, 5640, 1332, 372},   Centred, 51, nullptr, "Density minimum",   "The minimum density value for the y-axis is shown here."},
     {&Controls::txtDensityMax,        "txtDensityMax",        " 1.0",     {5520, 5640, 1332, 372},  Centred, 52, nullptr, "Density maximum",   "The maximum density value for the y-axis is shown here."},
@@ -101,25 +108,25 @@ constexpr std::array<LabelRow, 15> Labels = {{
 }};
 
 constexpr std::array<SurfaceRow, 4> Surfaces = {{
-    {&Controls::pctDensityPlot,  "pctDensityPlot",  {120, 2520, 6800, 2895},  InTwips,  8,  nullptr, nullptr, nullptr, "Density plot",       "The plot of the density distribution appears in this window."},
-    {&Controls::pctPressurePlot, "pctPressurePlot", {7920, 2520, 6800, 2895}, InTwips,  21, nullptr, nullptr, nullptr, "Pressure plot",      "The plot of the pressure distribution appears in this window."},
-    {&Controls::pctVelocityPlot, "pctVelocityPlot", {120, 6240, 6800, 2895},  InTwips,  15, nullptr, nullptr, nullptr, "Velocity plot",      "The plot of the velocity appears in this window."},
+    {&Controls::pctDensityPlot,  "pctDensityPlot",  {120, 2520, 6800, 2895},  InTwips,  8,  pctDensityPlot_MouseDown, nullptr, nullptr, "Density plot",       "The plot of the density distribution appears in this window."},
+    {&Controls::pctPressurePlot, "pctPressurePlot", {7920, 2520, 6800, 2895}, InTwips,  21, pctPressurePlot_MouseDown, nullptr, nullptr, "Pressure plot",      "The plot of the pressure distribution appears in this window."},
+    {&Controls::pctVelocityPlot, "pctVelocityPlot", {120, 6240, 6800, 2895},  InTwips,  15, pctVelocityPlot_MouseDown, nullptr, nullptr, "Velocity plot",      "The plot of the velocity appears in this window."},
     {&Controls::pctSpaceTime,    "pctSpaceTime",    {7920, 6240, 6800, 2895}, InPixels, 36, nullptr, nullptr, nullptr, "Space-time picture", SpaceTimeTip},
 }};
 
 constexpr std::array<ScrollBarRow, 5> ScrollBars = {{
-    {&Controls::hsbMSelected,         "hsbMSelected",         {3840, 600, 3077, 372},  Qt::Horizontal, 4,  nullptr, nullptr, "M Selected"},
-    {&Controls::hsbDensity,           "hsbDensity",           {3840, 1080, 3077, 372}, Qt::Horizontal, 45, nullptr, nullptr, "Density"},
-    {&Controls::hsbPressure,          "hsbPressure",          {3840, 1560, 3077, 372}, Qt::Horizontal, 44, nullptr, nullptr, "Pressure"},
-    {&Controls::hsbVelocity,          "hsbVelocity",          {3840, 2040, 3077, 372}, Qt::Horizontal, 43, nullptr, nullptr, "Velocity"},
-    {&Controls::vsbStoredStateNumber, "vsbStoredStateNumber", {7140, 2520, 615, 6615}, Qt::Vertical,   9,  nullptr, nullptr, "Stored State"},
+    {&Controls::hsbMSelected,         "hsbMSelected",         {3840, 600, 3077, 372},  Qt::Horizontal, 4,  hsbMSelected_Change, hsbMSelected_Scroll, "M Selected"},
+    {&Controls::hsbDensity,           "hsbDensity",           {3840, 1080, 3077, 372}, Qt::Horizontal, 45, hsbDensity_Change, hsbDensity_Scroll, "Density"},
+    {&Controls::hsbPressure,          "hsbPressure",          {3840, 1560, 3077, 372}, Qt::Horizontal, 44, hsbPressure_Change, hsbPressure_Scroll, "Pressure"},
+    {&Controls::hsbVelocity,          "hsbVelocity",          {3840, 2040, 3077, 372}, Qt::Horizontal, 43, hsbVelocity_Change, hsbVelocity_Scroll, "Velocity"},
+    {&Controls::vsbStoredStateNumber, "vsbStoredStateNumber", {7140, 2520, 615, 6615}, Qt::Vertical,   9,  vsbStoredStateNumber_Change, vsbStoredStateNumber_Scroll, "Stored State"},
 }};
 
 constexpr ListBoxRow GrayVariables =
     {&Controls::lstGrayVariable, "lstGrayVariable", {"Density", "Pressure", "Velocity", "R+", "R-", "R0 (Entropy)", "VY", "FSmoke"},
      {8520, 9360, 2415, 396}, Bold19, 57, nullptr, "Grayscale variable", "Select the variable to appear in the grayscale space-time display."};
 
-constexpr TimerRow Metronome = {&Controls::tmrMetronome, "tmrMetronome", 10, nullptr};
+constexpr TimerRow Metronome = {&Controls::tmrMetronome, "tmrMetronome", 10, tmrMetronome_Timer};
 
 constexpr DialogRow FileDialog = {&Controls::CommonDialog1, "CommonDialog1"};
 // clang-format on

@@ -1,0 +1,20 @@
+// The three line plots over the grid.
+#pragma once
+
+struct Controls;
+struct ExperimentState;
+
+// Each draws its curve from the present state arrays over what its surface shows, marks the control
+// points (only stopped, on state 0, and not in sound-wave mode) and the selected cell, and brings
+// the selected cell's boxes and the plot's Min and Max boxes up to date. Writing a box runs its
+// handler. A paint never clears.
+void pctDensityPlot_Paint(ExperimentState& state, Controls& controls);
+void pctPressurePlot_Paint(ExperimentState& state, Controls& controls);
+void pctVelocityPlot_Paint(ExperimentState& state, Controls& controls);
+
+// Density, pressure, velocity: the paints alone, or each surface cleared right before its paint.
+void PaintPlots(ExperimentState& state, Controls& controls);
+void ClearAndPaintPlots(ExperimentState& state, Controls& controls);
+
+// Clears all three surfaces, then paints; lays the curves over the old ones if MultiplePlots is 1.
+void RepaintPlots(ExperimentState& state, Controls& controls);
