@@ -1,0 +1,83 @@
+// What keeps density and pressure positive: cells that the full scheme would empty or cool below
+// zero get the fluxes of a first-order scheme through both edges.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "schemes/conservative_update.h"
+
+// A cell fails that would lose all but a thousandth of what it and its neighbours hold at least; a
+// value that is no number fails too.
+template <typename Float>
+inline bool Fails(const Float* old, Float now, int i) {
+    const Float least = std::min(old[i], std::min(old[i - 1], old[i + 1]));
+    return !(now > Float(0.001) * least) | !(now <= std::numeric_limits<Float>::max());
+}
+
+// Marks cells first..last that failed with 1, the others with 0, and tells whether there are any.
+template <typename Float>
+bool MarkFailures(const StripState<Float>& strip, const NewState<Float>& next, Row<Float>& failed,
+                  int first, int last) {
+    Float any = 0;
+    for (int i = first; i <= last; ++i) {
+        failed[i] =
+            Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i) ? Float(1) : Float(0);
+        any = std::max(any, failed[i]);
+    }
+    return any > Float(0);
+}
+
+// Puts the fluxes of the first-order scheme with the largest local signal speed (which keeps
+// positive states positive up to Courant number 1) on those of the edges first..last that bound a
+// marked cell.
+template <typename Float>
+void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& soundSpeed,
+                         const Row<Float>& failed, Float gamma, EdgeFluxes<Float>& fluxes,
+                         int first, int last) {
+    const Float half = Float(0.5);
+    for (int i = first; i <= last; ++i) {
+        const Float rhoL = strip.Rho[i - 1];
+        const Float rhoR = strip.Rho[i];
+        const Float uL = strip.Ux[i - 1];
+        const Float uR = strip.Ux[i];
+        const Float heatL = strip.P[i - 1] / (gamma - Float(1));
+        const Float heatR = strip.P[i] / (gamma - Float(1));
+        const Float fastest =
+            std::max(std::abs(uL) + soundSpeed[i - 1], std::abs(uR) + soundSpeed[i]);
+
+        // Seen by an observer between the two cells.
+        const Float drift = half * (uR - uL);
+        const Float goingL = rhoL * (fastest + uL);
+        const Float goingR = rhoR * (uR - fastest);
+        const Float mass = half * (goingL + goingR);
+        const Float momentum = half * ((strip.P[i - 1] + strip.P[i]) + drift * (goingR - goingL));
+        const Float energy =
+            half *
+            ((heatL * (fastest + uL) + heatR * (uR - fastest)) +
+             (half * drift * drift * (goingL + goingR) + drift * (strip.P[i] - strip.P[i - 1])));
+
+        const bool replace = failed[i - 1] + failed[i] > Float(0);
+        fluxes.Mass[i] = replace ? mass : fluxes.Mass[i];
+        fluxes.Momentum[i] = replace ? momentum : fluxes.Momentum[i];
+        fluxes.Energy[i] = replace ? energy : fluxes.Energy[i];
+        fluxes.Ux[i] = replace ? half * (uL + uR) : fluxes.Ux[i];
+    }
+}
+
+// Hands cells 1..cells over. A cell that fails even now keeps its old state; the return value is
+// then 1, a Courant number at which no caller takes the step, and 0 otherwise.
+template <typename Float>
+Float HandOver(const StripState<Float>& strip, const NewState<Float>& next,
+               const StripResult<Float>& result) {
+    Float rejected = 0;
+    for (int i = 1; i <= strip.Cells; ++i) {
+        const bool failed = Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i);
+        result.Rho[i] = failed ? strip.Rho[i] : next.Rho[i];
+        result.P[i] = failed ? strip.P[i] : next.P[i];
+        result.Ux[i] = failed ? strip.Ux[i] : next.Ux[i];
+        rejected = std::max(rejected, failed ? Float(1) : Float(0));
+    }
+    return rejected;
+}

@@ -1,0 +1,256 @@
+// What every scheme library keeps to, whatever its numerics: written once, run for all four.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+#include <random>
+
+#include "verify/strip_call.h"
+#include "verify/trial_run.h"
+
+namespace {
+
+constexpr int B = Flow::B;
+
+class SchemeContract : public testing::TestWithParam<SchemeKind> {
+protected:
+    SchemeContract() : scheme_(GetParam()) {}
+    double Epsilon() const { return IsDouble(GetParam()) ? 2.3e-16 : 1.2e-7; }
+
+    SchemeLibrary scheme_;
+    SchemeConstants constants_;
+};
+
+INSTANTIATE_TEST_SUITE_P(AllSchemes, SchemeContract, testing::ValuesIn(AllSchemes),
+                         [](const auto& row) { return std::string(SchemeName(row.param)); });
+
+// Smooth waves with jumps, all kinds of waves at once; whole wavelengths, so that ends can join.
+Flow RoughFlow(int cells) {
+    Flow flow = UniformGrid(cells);
+    for (int cell = 1; cell <= cells; ++cell) {
+        const std::size_t i = flow.At(cell);
+        const double x = 2.0 * std::numbers::pi * (cell - 0.5) / cells;
+        flow.Rho[i] = 1.5 + std::sin(x) + (cell % 37 < 9 ? 2.0 : 0.0);
+        flow.P[i] = 2.0 + std::cos(3.0 * x) + (cell % 53 < 20 ? 4.0 : 0.0);
+        flow.Ux[i] = 0.7 * std::sin(2.0 * x) + (cell % 41 < 15 ? 0.5 : -0.3);
+        flow.Uy[i] = std::cos(x);
+        flow.Smoke[i] = cell % 29 < 10 ? 1.0 : 0.0;
+    }
+    FillNeighbours(flow, Boundary::Periodic);
+    return flow;
+}
+
+double StepAt(const Flow& flow, double courant) {
+    double fastest = 0.0;
+    for (int cell = 1; cell <= flow.N; ++cell) {
+        const std::size_t i = flow.At(cell);
+        const double signal = std::abs(flow.Ux[i]) + std::sqrt(1.4 * flow.P[i] / flow.Rho[i]);
+        fastest = std::max(fastest, signal / (flow.Edges[i + 1] - flow.Edges[i]));
+    }
+    return courant / fastest;
+}
+
+const std::array<std::vector<double> Flow::*, 5> Fields = {&Flow::Rho, &Flow::P, &Flow::Ux,
+                                                           &Flow::Uy, &Flow::Smoke};
+
+void ExpectSameBits(const Flow& a, const Flow& b, bool smoke) {
+    for (std::size_t field = 0; field < (smoke ? 5U : 4U); ++field)
+        for (int cell = 1; cell <= a.N; ++cell)
+            ASSERT_EQ((a.*Fields[field])[a.At(cell)], (b.*Fields[field])[b.At(cell)])
+                << "field " << field << ", cell " << cell;
+}
+
+// One direct call with guard values in and around everything that the scheme must leave alone.
+template <typename Float>
+void ExpectInputsAndGuardsKept(SchemeKind kind, void* entry) {
+    const int width = 50;
+    PlainStorage storage;
+    StripCall<Float> call(kind, width, storage);
+    Flow flow = RoughFlow(width);
+    call.Load(flow, 0);
+    call.SetNumbers({}, StepAt(flow, 0.8));
+    const Float guard = Float(-777);
+    for (Float* result : call.Results) std::fill_n(result, call.Cells() + 1, guard);
+    const auto copyOf = [](const Float* from, std::size_t count) {
+        return std::vector<Float>(from, from + count);
+    };
+    const auto edges = copyOf(call.Edges, call.Cells() + 1);
+    std::vector<std::vector<Float>> inputs;
+    for (const Float* line : call.Lines) inputs.push_back(copyOf(line, call.Cells()));
+    for (const Float* rows : call.Rows)
+        if (rows != nullptr) inputs.push_back(copyOf(rows, 25 * call.Cells()));
+    const auto numbers = call.Numbers;
+
+    call.Run(entry);
+    const auto first = copyOf(call.Results[0], call.Cells());
+    const Float courant = call.Courant;
+    const auto ops = call.Ops;
+    call.Run(entry);
+
+    EXPECT_EQ(copyOf(call.Edges, call.Cells() + 1), edges);
+    std::size_t k = 0;
+    for (const Float* line : call.Lines) EXPECT_EQ(copyOf(line, call.Cells()), inputs[k++]);
+    for (const Float* rows : call.Rows) {
+        if (rows == nullptr) continue;
+        EXPECT_EQ(copyOf(rows, 25 * call.Cells()), inputs[k++]);
+    }
+    EXPECT_EQ(call.Numbers, numbers);
+    EXPECT_EQ(copyOf(call.Results[0], call.Cells()), first);
+    EXPECT_EQ(call.Courant, courant);
+    for (std::size_t slot = 0; slot < ops.size(); ++slot)
+        EXPECT_EQ(call.Ops[slot], 2 * ops[slot]) << "counter " << slot + 1;
+    EXPECT_GT(ops[0], 0);
+    for (std::size_t field = 0; field < (CarriesSmoke(kind) ? 5U : 4U); ++field)
+        for (int cell = 1; cell <= width; ++cell)
+            EXPECT_NE(call.Results[field][cell + B - 1], guard) << "cell " << cell;
+    for (std::size_t i = 0; !CarriesSmoke(kind) && i <= call.Cells(); ++i)
+        EXPECT_EQ(call.Results[4][i], guard);
+}
+
+TEST_P(SchemeContract, KeepsInputsAndRepeatsItself) {
+    if (IsDouble(GetParam()))
+        ExpectInputsAndGuardsKept<double>(GetParam(), scheme_.Entry());
+    else
+        ExpectInputsAndGuardsKept<float>(GetParam(), scheme_.Entry());
+}
+
+TEST_P(SchemeContract, FoldsATruthfulCourantNumberAsAMaximum) {
+    const Flow flow = RoughFlow(90);
+    Flow next = flow;
+    for (const double courant : {1e-9, 0.3, 0.85, 0.999, 1.5}) {
+        const StepReport report = scheme_.Advance(flow, constants_, StepAt(flow, courant), next);
+        EXPECT_NEAR(report.Courant, courant, 1e-5 * courant);
+    }
+    // Strips one by one: the variable rises to the largest and never falls.
+    const double step = StepAt(flow, 0.7);
+    EXPECT_NEAR(scheme_.Advance(flow, constants_, step, next, 10).Courant, 0.7, 1e-5);
+}
+
+TEST_P(SchemeContract, LeavesAUniformFlowUniformToTheBit) {
+    for (const double velocity : {0.0, 0.3, -17.0, 1000.0}) {
+        Flow flow = UniformGrid(64);
+        for (int cell = 1; cell <= flow.N; ++cell) {
+            const std::size_t i = flow.At(cell);
+            flow.Rho[i] = static_cast<double>(1.1F);
+            flow.P[i] = static_cast<double>(0.7F);
+            flow.Ux[i] = static_cast<double>(static_cast<float>(velocity));
+            flow.Uy[i] = static_cast<double>(-2.3F);
+            flow.Smoke[i] = static_cast<double>(0.4F);
+        }
+        FillNeighbours(flow, Boundary::Periodic);
+        Flow next = flow;
+        scheme_.Advance(flow, constants_, StepAt(flow, 0.85), next);
+        ExpectSameBits(next, flow, CarriesSmoke(GetParam()));
+    }
+}
+
+TEST_P(SchemeContract, DoesNotShowHowTheGridIsCut) {
+    const Flow flow = RoughFlow(400);
+    const double step = StepAt(flow, 0.85);
+    Flow whole = flow;
+    scheme_.Advance(flow, constants_, step, whole, 400);
+    for (const int width : {200, 100, 134, 50, 7, 1}) {
+        Flow cut = flow;
+        const StepReport report = scheme_.Advance(flow, constants_, step, cut, width);
+        ExpectSameBits(cut, whole, CarriesSmoke(GetParam()));
+        EXPECT_NEAR(report.Courant, 0.85, 1e-5) << "width " << width;
+    }
+}
+
+struct Totals {
+    double Mass = 0.0;
+    double Momentum = 0.0;
+    double Transverse = 0.0;
+    double Energy = 0.0;  // internal, and of the motion along the grid
+    double Smoke = 0.0;
+};
+
+Totals TotalsOf(const Flow& flow) {
+    Totals sum;
+    for (int cell = 1; cell <= flow.N; ++cell) {
+        const std::size_t i = flow.At(cell);
+        const double width = flow.Edges[i + 1] - flow.Edges[i];
+        sum.Mass += width * flow.Rho[i];
+        sum.Momentum += width * flow.Rho[i] * flow.Ux[i];
+        sum.Transverse += width * flow.Rho[i] * flow.Uy[i];
+        sum.Energy += width * (flow.P[i] / 0.4 + 0.5 * flow.Rho[i] * flow.Ux[i] * flow.Ux[i]);
+        sum.Smoke += width * flow.Rho[i] * flow.Smoke[i];
+    }
+    return sum;
+}
+
+TEST_P(SchemeContract, ConservesOverAThousandSteps) {
+    Flow flow = RoughFlow(100);
+    const Totals before = TotalsOf(flow);
+    Flow next = flow;
+    for (int step = 0; step < 1000; ++step) {
+        FillNeighbours(flow, Boundary::Periodic);
+        const StepReport report = scheme_.Advance(flow, constants_, StepAt(flow, 0.8), next);
+        ASSERT_LT(report.Courant, 1.0);
+        std::swap(flow, next);
+        next.Edges = flow.Edges;
+    }
+    const Totals after = TotalsOf(flow);
+    const double tolerance = 100.0 * Epsilon() * std::sqrt(1000.0);
+    EXPECT_NEAR(after.Mass, before.Mass, tolerance);
+    EXPECT_NEAR(after.Momentum, before.Momentum, 3.0 * tolerance);
+    EXPECT_NEAR(after.Transverse, before.Transverse, 3.0 * tolerance);
+    EXPECT_NEAR(after.Energy, before.Energy, 10.0 * tolerance);
+    if (CarriesSmoke(GetParam())) {
+        EXPECT_NEAR(after.Smoke, before.Smoke, 3.0 * tolerance);
+    }
+}
+
+TEST_P(SchemeContract, MirrorsAMirroredFlow) {
+    Flow flow = RoughFlow(100);
+    // Cells of exactly equal width on both sides of 0, so that the mirror image is exact.
+    for (int i = 1 - B; i <= flow.N + B + 1; ++i) flow.Edges[flow.At(i)] = (i - 51) / 128.0;
+    Flow mirrored = flow;
+    for (int cell = 1 - B; cell <= flow.N + B; ++cell)
+        for (const auto field : Fields)
+            (mirrored.*field)[flow.At(cell)] =
+                (field == &Flow::Ux ? -1.0 : 1.0) * (flow.*field)[flow.At(flow.N + 1 - cell)];
+    Flow next = flow;
+    Flow nextMirrored = flow;
+    for (const double courant : {0.2, 0.85}) {
+        const double step = StepAt(flow, courant);
+        scheme_.Advance(flow, constants_, step, next);
+        scheme_.Advance(mirrored, constants_, step, nextMirrored);
+        for (std::size_t field = 0; field < (CarriesSmoke(GetParam()) ? 5U : 4U); ++field)
+            for (int cell = 1; cell <= flow.N; ++cell)
+                ASSERT_EQ(
+                    (nextMirrored.*Fields[field])[flow.At(cell)],
+                    (field == 2 ? -1.0 : 1.0) * (next.*Fields[field])[flow.At(flow.N + 1 - cell)])
+                    << "field " << field << ", cell " << cell;
+    }
+}
+
+// The last strip of a grid may reach past the zone of neighbours, into zeros.
+TEST(Heron32Contract, IgnoresWhatLiesPastTheNeighbours) {
+    const SchemeLibrary scheme(SchemeKind::Heron32);
+    const Flow flow = RoughFlow(100);
+    const double step = StepAt(flow, 0.85);
+    Flow whole = flow;
+    const StepReport right = scheme.Advance(flow, {}, step, whole, 100);
+    for (const int width : {30, 34, 42, 60, 99}) {
+        Flow cut = flow;
+        PlainStorage storage;
+        float courant = 0;
+        for (int offset = 0; offset < flow.N; offset += width) {
+            StripCall<float> call(SchemeKind::Heron32, width, storage);
+            call.Load(flow, offset);
+            call.SetNumbers({}, step);
+            call.Courant = courant;
+            call.Run(scheme.Entry());
+            courant = call.Courant;
+            for (int cell = 1; cell <= width && offset + cell <= flow.N; ++cell)
+                for (std::size_t field = 0; field < Fields.size(); ++field)
+                    (cut.*Fields[field])[flow.At(offset + cell)] =
+                        static_cast<double>(call.Results[field][cell + B - 1]);
+        }
+        ExpectSameBits(cut, whole, true);
+        EXPECT_EQ(static_cast<double>(courant), right.Courant) << "width " << width;
+    }
+}
+
+}  // namespace
