@@ -8,7 +8,7 @@ namespace {
 class SchemeAccuracy : public testing::TestWithParam<SchemeKind> {
 protected:
     SchemeAccuracy() : scheme_(GetParam()) {}
-    SchemeLibrary scheme_;
+    LoadedScheme scheme_;
 };
 
 INSTANTIATE_TEST_SUITE_P(AllSchemes, SchemeAccuracy, testing::ValuesIn(AllSchemes),

@@ -17,7 +17,7 @@ protected:
     SchemeContract() : scheme_(GetParam()) {}
     double Epsilon() const { return IsDouble(GetParam()) ? 2.3e-16 : 1.2e-7; }
 
-    SchemeLibrary scheme_;
+    LoadedScheme scheme_;
     SchemeConstants constants_;
 };
 
@@ -227,7 +227,7 @@ TEST_P(SchemeContract, MirrorsAMirroredFlow) {
 
 // The last strip of a grid may reach past the zone of neighbours, into zeros.
 TEST(Heron32Contract, IgnoresWhatLiesPastTheNeighbours) {
-    const SchemeLibrary scheme(SchemeKind::Heron32);
+    const LoadedScheme scheme(SchemeKind::Heron32);
     const Flow flow = RoughFlow(100);
     const double step = StepAt(flow, 0.85);
     Flow whole = flow;

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "verify/exact_riemann.h"
-#include "verify/scheme_library.h"
+#include "verify/loaded_scheme.h"
 
 struct ShockTube {
     const char* Name;

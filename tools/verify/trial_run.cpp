@@ -36,7 +36,7 @@ void Accept(const Flow& next, const SchemeConstants& constants, Flow& flow, RunR
 
 }  // namespace
 
-RunReport RunTrial(const SchemeLibrary& scheme, const RunSettings& settings, Flow& flow) {
+RunReport RunTrial(const LoadedScheme& scheme, const RunSettings& settings, Flow& flow) {
     RunReport report;
     Flow next = flow;
     const double signal = LargestSignal(flow, settings.Constants.Gamma);

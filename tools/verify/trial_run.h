@@ -1,7 +1,7 @@
 // Runs of a scheme under the instrument's step control, and what is measured on them.
 #pragma once
 
-#include "verify/scheme_library.h"
+#include "verify/loaded_scheme.h"
 #include "verify/trial_problems.h"
 
 struct RunSettings {
@@ -25,7 +25,7 @@ struct RunReport {
 
 // Advances the flow to exactly TStop: the Courant gate at 1, growth by 2.5 per cent below nine
 // tenths of the target, floors. Gives up after a million attempts.
-RunReport RunTrial(const SchemeLibrary& scheme, const RunSettings& settings, Flow& flow);
+RunReport RunTrial(const LoadedScheme& scheme, const RunSettings& settings, Flow& flow);
 
 RunSettings ShockTubeSettings(const ShockTube& tube);
 RunSettings BlastSettings();

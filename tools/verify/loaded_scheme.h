@@ -47,14 +47,14 @@ struct StepReport {
     std::array<int, 8> Ops = {};
 };
 
-class SchemeLibrary {
+class LoadedScheme {
 public:
     // Loads the library by its plain name, over the caller's search path, as the instrument does;
     // a folder in front overrides the search. Throws std::runtime_error if it cannot.
-    explicit SchemeLibrary(SchemeKind kind, const std::string& folder = "");
-    ~SchemeLibrary();
-    SchemeLibrary(const SchemeLibrary&) = delete;
-    SchemeLibrary& operator=(const SchemeLibrary&) = delete;
+    explicit LoadedScheme(SchemeKind kind, const std::string& folder = "");
+    ~LoadedScheme();
+    LoadedScheme(const LoadedScheme&) = delete;
+    LoadedScheme& operator=(const LoadedScheme&) = delete;
 
     SchemeKind Kind() const { return kind_; }
     void* Entry() const { return entry_; }

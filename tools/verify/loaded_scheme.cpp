@@ -1,4 +1,4 @@
-#include "verify/scheme_library.h"
+#include "verify/loaded_scheme.h"
 
 #include <dlfcn.h>
 
@@ -75,7 +75,7 @@ bool CarriesSmoke(SchemeKind kind) {
     return kind != SchemeKind::Plover;
 }
 
-SchemeLibrary::SchemeLibrary(SchemeKind kind, const std::string& folder)
+LoadedScheme::LoadedScheme(SchemeKind kind, const std::string& folder)
     : kind_(kind),
       library_(dlopen(((folder.empty() ? "" : folder + "/") + NamesOf(kind).File).c_str(),
                       RTLD_NOW | RTLD_LOCAL)) {
@@ -83,12 +83,12 @@ SchemeLibrary::SchemeLibrary(SchemeKind kind, const std::string& folder)
     if (entry_ == nullptr) throw std::runtime_error(dlerror());
 }
 
-SchemeLibrary::~SchemeLibrary() {
+LoadedScheme::~LoadedScheme() {
     dlclose(library_);
 }
 
-StepReport SchemeLibrary::Advance(const Flow& flow, const SchemeConstants& constants,
-                                  double timeStep, Flow& next, int stripWidth) const {
+StepReport LoadedScheme::Advance(const Flow& flow, const SchemeConstants& constants,
+                                 double timeStep, Flow& next, int stripWidth) const {
     const int widest = stripWidth > 0 ? stripWidth : WidestStrip();
     return IsDouble(kind_)
                ? AdvanceStrips<double>(kind_, entry_, flow, constants, timeStep, next, widest)
