@@ -10,8 +10,8 @@
 #include "display/surface.h"
 #include "panel/choice_list.h"
 #include "panel/common_dialog.h"
-#include "panel/look.h"
 #include "panel/panel_scroll_bar.h"
+#include "panel/pictures.h"
 #include "panel/wrapping_button.h"
 #include "panel/wrapping_label.h"
 
@@ -25,7 +25,8 @@ CaptionAlignment AlignmentOf(bool isCentred) {
 
 // The texts of the design come first and the handlers are connected afterwards: a text that the
 // panel is made with is no edit.
-frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
+frmTernlow::frmTernlow(const PanelScale& scale)
+    : scale_(scale), background_(QPixmap::fromImage(BackgroundPicture())) {
     setObjectName("frmTernlow");
     setWindowTitle(WindowTitle);
     setFixedSize(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
@@ -60,18 +61,15 @@ void frmTernlow::Dress(QWidget& control, const Row& row, const QString& spokenNa
 }
 
 void frmTernlow::MakeButtons() {
+    const QPixmap still = QPixmap::fromImage(StillPicture());
     for (const ButtonRow& row : Buttons) {
         auto* button = new WrappingButton(row.Caption, this);
         Dress(*button, row, row.Caption);
         button->setToolTip(row.ToolTip);
         button->setFont(FontOf(row.Font));
         button->setAutoDefault(true);  // Enter presses the button that has the focus
-        if (row.Face != Plain) {
-            QPalette colours = button->palette();
-            colours.setColor(QPalette::Button, QColor(row.Face));
-            colours.setColor(QPalette::ButtonText, ReadableOn(row.Face));
-            button->setPalette(colours);
-        }
+        if (row.Face != Plain) button->ShowFace(QColor(row.Face));
+        if (row.HasStill) button->ShowPicture(still);
         controls.*row.Control = button;
     }
 }
@@ -127,7 +125,10 @@ void frmTernlow::MakeListBox() {
     list->setFont(FontOf(row.Font));
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    for (const char* text : row.Texts) list->addItem(text);
+    for (const char* text : row.Texts) {
+        auto* item = new QListWidgetItem(text, list);
+        item->setSizeHint(QSize(0, list->contentsRect().height()));  // one row fills the box
+    }
     controls.*row.Control = list;
 }
 
@@ -145,17 +146,19 @@ void frmTernlow::MakeTimerAndDialog() {
 
 void frmTernlow::SetTabOrder() {
     std::vector<std::pair<int, QWidget*>> order;
-    const auto add = [&](const auto& row) { order.emplace_back(row.Tab, controls.*row.Control); };
+    const auto add = [&](const auto& row) {
+        QWidget* control = controls.*row.Control;
+        if (control->focusPolicy() != Qt::NoFocus) order.emplace_back(row.Tab, control);
+    };
     std::for_each(Buttons.begin(), Buttons.end(), add);
     std::for_each(TextBoxes.begin(), TextBoxes.end(), add);
-    std::for_each(Labels.begin(), Labels.end(), add);
-    std::for_each(Surfaces.begin(), Surfaces.end(), add);
     std::for_each(ScrollBars.begin(), ScrollBars.end(), add);
     add(GrayVariables);
     std::sort(order.begin(), order.end());
     for (std::size_t i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1].second, order[i].second);
     }
+    order.front().second->setFocus();
 }
 
 // Big, the space-time picture covers the plots, the bar between them and their captions, but not

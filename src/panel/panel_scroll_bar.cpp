@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include "panel/edge_drawing.h"
+
 PanelScrollBar::PanelScrollBar(Qt::Orientation orientation, QWidget* parent)
     : QScrollBar(orientation, parent) {
     setFocusPolicy(Qt::StrongFocus);
@@ -11,10 +13,10 @@ PanelScrollBar::PanelScrollBar(Qt::Orientation orientation, QWidget* parent)
 void PanelScrollBar::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
     if (!hasFocus()) return;
-    constexpr int frame = 2;
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), frame));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const QColor highlight = palette().color(QPalette::Highlight);
+    DrawEdges(painter, rect(), highlight);
+    DrawEdges(painter, rect().adjusted(1, 1, -1, -1), highlight);
 }
 
 void PanelScrollBar::wheelEvent(QWheelEvent* event) {

@@ -1,17 +1,20 @@
 #include "panel/wrapping_button.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleOptionButton>
 
 #include "panel/caption_drawing.h"
+#include "panel/edge_drawing.h"
+#include "panel/look.h"
 
 namespace {
 
-constexpr int Bevel = 2;  // logical pixels that the style draws around the face
+constexpr int Edge = 2;     // logical pixels of the bevel
+constexpr int Spacing = 1;  // between the bevel and the caption
 
-void DrawOutlined(QPainter& painter, const QRect& room, const QString& caption) {
-    painter.setPen(QColor(0, 0, 0, 200));
+// On a picture the caption has a dark rim, so that it is read on any colour.
+void DrawRimmed(QPainter& painter, const QRect& room, const QString& caption) {
+    painter.setPen(Qt::black);
     for (const QPoint shift : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
         DrawCaption(painter, room.translated(shift), caption, CaptionAlignment::Centred);
     }
@@ -21,6 +24,14 @@ void DrawOutlined(QPainter& painter, const QRect& room, const QString& caption) 
 
 }  // namespace
 
+void WrappingButton::ShowFace(const QColor& face) {
+    face_ = face;
+    QPalette colours = palette();
+    colours.setColor(QPalette::Button, face);
+    colours.setColor(QPalette::ButtonText, ReadableOn(face.rgb()));
+    setPalette(colours);
+}
+
 void WrappingButton::ShowPicture(const QPixmap& picture) {
     picture_ = picture;
     update();
@@ -28,26 +39,51 @@ void WrappingButton::ShowPicture(const QPixmap& picture) {
 
 void WrappingButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    if (face_.isValid()) {
+        PaintFace(painter);
+        PaintEdges(painter);
+    } else {
+        PaintToolkitFace(painter);
+    }
+    const int margin = Edge + Spacing;
+    const QRect room = rect().adjusted(margin, Edge, -margin, -Edge);
+    const QRect shown = isDown() ? room.translated(1, 1) : room;
+    painter.setPen(palette().color(QPalette::ButtonText));
+    if (picture_.isNull()) {
+        DrawCaption(painter, shown, text(), CaptionAlignment::Centred);
+    } else {
+        DrawRimmed(painter, shown, text());
+    }
+}
+
+void WrappingButton::PaintFace(QPainter& painter) const {
+    painter.fillRect(rect(), face_);
+    if (!picture_.isNull()) {
+        const QPoint corner((width() - picture_.width()) / 2, (height() - picture_.height()) / 2);
+        painter.drawPixmap(corner, picture_);
+    }
+    if (isDown()) painter.fillRect(rect(), QColor(0, 0, 0, 70));
+    if (underMouse() && !isDown()) painter.fillRect(rect(), QColor(255, 255, 255, 28));
+}
+
+// Light falls from the top left; a pressed button is a hollow.
+void WrappingButton::PaintEdges(QPainter& painter) const {
+    const QRect inner = rect().adjusted(1, 1, -1, -1);
+    if (hasFocus()) {
+        DrawEdges(painter, rect(), palette().color(QPalette::Highlight));
+        DrawEdges(painter, inner, Qt::white);
+        return;
+    }
+    const QColor light(255, 255, 255, 130);
+    const QColor dark(0, 0, 0, 110);
+    DrawEdges(painter, rect(), Qt::black);
+    DrawEdges(painter, inner, isDown() ? dark : light, isDown() ? light : dark);
+}
+
+void WrappingButton::PaintToolkitFace(QPainter& painter) const {
     QStyleOptionButton option;
     initStyleOption(&option);
     option.text.clear();
+    if (hasFocus()) option.state |= QStyle::State_KeyboardFocusChange;  // the style shows it then
     style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
-
-    const QRect face = rect().adjusted(Bevel, Bevel, -Bevel, -Bevel);
-    const QPoint sunk = isDown() ? QPoint(1, 1) : QPoint(0, 0);
-    if (!picture_.isNull()) {
-        const QRect middle(
-            QPoint((picture_.width() - face.width()) / 2, (picture_.height() - face.height()) / 2),
-            face.size());
-        painter.drawPixmap(face, picture_, middle.translated(-sunk));
-        if (isDown()) painter.fillRect(face, QColor(0, 0, 0, 90));
-        DrawOutlined(painter, face.translated(sunk), text());
-    } else {
-        painter.setPen(palette().color(QPalette::ButtonText));
-        DrawCaption(painter, face.translated(sunk), text(), CaptionAlignment::Centred);
-    }
-    if (hasFocus()) {
-        painter.setPen(palette().color(QPalette::ButtonText));
-        painter.drawRect(face.adjusted(0, 0, -1, -1));
-    }
 }

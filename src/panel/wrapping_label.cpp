@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "panel/edge_drawing.h"
+
 WrappingLabel::WrappingLabel(const QString& caption, CaptionAlignment alignment, bool isBoxed,
                              QWidget* parent)
     : QLabel(parent), alignment_(alignment), isBoxed_(isBoxed) {
@@ -11,7 +13,8 @@ WrappingLabel::WrappingLabel(const QString& caption, CaptionAlignment alignment,
 
 void WrappingLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    if (isBoxed_) painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    painter.setPen(palette().color(QPalette::WindowText));
+    const QColor ink = palette().color(QPalette::WindowText);
+    if (isBoxed_) DrawEdges(painter, rect(), ink);
+    painter.setPen(ink);
     DrawCaption(painter, rect().adjusted(1, 1, -1, -1), text(), alignment_);
 }
