@@ -1,0 +1,158 @@
+#include "setup/control_points.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "problems.h"
+#include "setup/blast_waves.h"
+#include "setup/point_mapping.h"
+
+namespace {
+
+ExperimentState EmptyList(int n) {
+    ExperimentState state = UniformProblem(n, 1.0, 1.0, 0.0);
+    ResizeControlPointLists(state);
+    state.MSelList[1] = n + 1;
+    return state;
+}
+
+std::vector<int> Cells(const ExperimentState& state) {
+    std::vector<int> cells;
+    for (int k = 0; k <= state.NSelected + 1; ++k) cells.push_back(state.MSelList[k]);
+    return cells;
+}
+
+void ExpectInOrder(const ExperimentState& state) {
+    ASSERT_EQ(state.MSelList[0], 0);
+    ASSERT_EQ(state.MSelList[state.NSelected + 1], state.NGridCells + 1);
+    for (int k = 1; k <= state.NSelected + 1; ++k) {
+        ASSERT_LT(state.MSelList[k - 1], state.MSelList[k]);
+    }
+}
+
+}  // namespace
+
+TEST(ControlPoints, StartAListWithTheEndCells) {
+    const struct {
+        int m;
+        std::vector<int> cells;
+    } rows[] = {{200, {0, 1, 200, 400, 401}}, {1, {0, 1, 400, 401}}, {400, {0, 1, 400, 401}}};
+    for (const auto& row : rows) {
+        ExperimentState state = EmptyList(400);
+        InsertControlPoint(state, row.m, {2.0, 3.0, -1.0});
+        EXPECT_EQ(Cells(state), row.cells);
+        for (int i = 0; i <= 401; ++i) {
+            ASSERT_EQ(state.Rho[i], 2.0);
+            ASSERT_EQ(state.P[i], 3.0);
+            ASSERT_EQ(state.Ux[i], -1.0);
+            ASSERT_EQ(state.Uy[i], 0.0);
+            ASSERT_EQ(state.FSmoke[i], 0.0);
+        }
+    }
+}
+
+TEST(ControlPoints, DrawRampsByRepeatedAddition) {
+    ExperimentState state = EmptyList(11);
+    InsertControlPoint(state, 1, {1.0, 1.0, 0.0});
+    InsertControlPoint(state, 6, {2.0, 1.0, 10.0});
+    double up = 1.0;
+    double down = 2.0;
+    for (int i = 1; i <= 5; ++i) {
+        EXPECT_EQ(state.Rho[i], up) << i;
+        EXPECT_EQ(state.Rho[5 + i], down) << i;
+        up = (2.0 - 1.0) * (1.0 / 5) + up;
+        down = down - (2.0 - 1.0) * (1.0 / 5);
+    }
+    EXPECT_EQ(state.Ux[4], 10.0 * (1.0 / 5) + (10.0 * (1.0 / 5) + 10.0 * (1.0 / 5)));
+    EXPECT_NEAR(state.C[3], std::sqrt(1.4 / 1.4), 1e-12);
+    RemoveControlPoint(state, FindControlPoint(state, 6));
+    EXPECT_EQ(Cells(state), (std::vector<int>{0, 1, 11, 12}));
+    for (int i = 0; i <= 12; ++i) EXPECT_EQ(state.Rho[i], 1.0) << i;
+}
+
+// The position tells a later grid on which side of the face the point belongs.
+TEST(ControlPoints, RememberTheirSideOfAJump) {
+    ExperimentState state = EmptyList(400);
+    InsertControlPoint(state, 1, {1.0, 1.0, 0.0});
+    InsertControlPoint(state, 100, {1.0, 1.0, 0.0});
+    InsertControlPoint(state, 101, {2.0, 1.0, 0.0});
+    EXPECT_EQ(state.XSelList[0], state.X[1] - 1e-07);
+    EXPECT_EQ(state.XSelList[1], state.X[1] + 1e-07);
+    EXPECT_EQ(state.XSelList[2], state.X[101] - 1e-07);
+    EXPECT_EQ(state.XSelList[3], state.X[101] + 1e-07);
+    EXPECT_EQ(state.XSelList[4], state.X[401] - 1e-07);
+    EXPECT_EQ(state.Rho[100], 1.0);
+    EXPECT_EQ(state.Rho[101], 2.0);
+}
+
+TEST(ControlPoints, CarryAnEndPointToTheBoundingCell) {
+    ExperimentState state = EmptyList(20);
+    InsertControlPoint(state, 7, {1.0, 1.0, 0.0});
+    for (const int end : {1, 20}) {
+        RemoveControlPoint(state, FindControlPoint(state, end));
+        InsertControlPoint(state, end, {4.0, 5.0, 6.0});
+        const int beyond = end == 1 ? 0 : 21;
+        const int entry = end == 1 ? 0 : state.NSelected + 1;
+        EXPECT_EQ(state.Rho[beyond], 4.0);
+        EXPECT_EQ(state.Ux[beyond], 6.0);
+        EXPECT_EQ(state.PSelList[entry], 5.0);
+        EXPECT_EQ(state.MSelList[entry], beyond);
+    }
+}
+
+TEST(ControlPoints, StayInOrderWhateverIsInsertedAndRemoved) {
+    std::mt19937 random(11);
+    for (const int n : {6, 30}) {
+        ExperimentState state = EmptyList(n);
+        for (int action = 0; action < 3000; ++action) {
+            const int m = 1 + static_cast<int>(random() % static_cast<unsigned>(n));
+            if (const int k = FindControlPoint(state, m); k > 0) {
+                RemoveControlPoint(state, k);
+            } else {
+                InsertControlPoint(state, m, {1.0 + 0.001 * action, 1.0, 0.0});
+            }
+            ExpectInOrder(state);
+        }
+    }
+}
+
+TEST(MapControlPoints, KeepsJumpsAtTheirPositions) {
+    ExperimentState state;
+    BuildBlastWaves(state);
+    EXPECT_EQ(Cells(state), (std::vector<int>{0, 1, 40, 41, 360, 361, 400, 401}));
+    const struct {
+        int n;
+        std::vector<int> cells;
+    } rows[] = {{800, {0, 1, 80, 81, 720, 721, 800, 801}},
+                {400, {0, 1, 40, 41, 360, 361, 400, 401}},
+                {20, {0, 1, 2, 3, 18, 19, 20, 21}},
+                {6, {0, 1, 2, 3, 4, 5, 6, 7}}};
+    for (const auto& row : rows) {
+        state.NGridCells = row.n;
+        ResizeControlPointLists(state);
+        AllocateFields(state);
+        LayGrid(state, 0.0, 1.0);
+        MapControlPoints(state);
+        EXPECT_EQ(Cells(state), row.cells);
+    }
+}
+
+// Random positions, many of them in one coarse cell, on every grid that has room.
+TEST(MapControlPoints, KeepsTheOrderInEveryCase) {
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    for (int round = 0; round < 500; ++round) {
+        const int n = 6 + static_cast<int>(random() % 20);
+        ExperimentState state = EmptyList(n);
+        state.NSelected = static_cast<int>(random() % static_cast<unsigned>(n + 1));
+        const double low = unit(random);
+        for (int k = 1; k <= state.NSelected; ++k) {
+            state.XSelList[k] = low + (1.0 - low) * unit(random) * 0.2;
+            state.MSelList[k] = k + 40;  // of a larger grid; counts for short lists only
+        }
+        MapControlPoints(state);
+        ExpectInOrder(state);
+    }
+}
