@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "integration/boundary_zones.h"
+#include "integration/operation_meter.h"
 #include "integration/strip_driver.h"
 #include "integration/tick_arrays.h"
 #include "model/experiment_state.h"
@@ -25,6 +26,7 @@ bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
         tick.StepCourant = 0.0;
         FillBoundaryZones(state);
         AdvanceAllStrips(state, tick);
+        if (state.MeterOn > 0) CountOperations(state, tick);
         if (std::isnan(tick.StepCourant)) return false;
         if (tick.StepCourant < 1.0) return true;
         state.DTime *= 0.9;
