@@ -27,6 +27,10 @@ void PutText(QLineEdit* box, const std::string& text) {
     box->setText(QString::fromStdString(text));
 }
 
+void PutVisible(QLineEdit* box, bool visible) {
+    box->setVisible(visible);
+}
+
 std::string CaptionOf(const QLabel* label) {
     return label->text().toStdString();
 }

@@ -13,6 +13,9 @@ class QScrollBar;
 std::string TextOf(const QLineEdit* box);
 void PutText(QLineEdit* box, const std::string& text);
 
+// Shows or hides a box.
+void PutVisible(QLineEdit* box, bool visible);
+
 // A caption is also what a screen reader says.
 std::string CaptionOf(const QLabel* label);
 void PutCaption(QLabel* label, const std::string& caption);

@@ -16,6 +16,7 @@ int Stride(const ExperimentState& state) {
 
 template <typename Change>
 void ForEachStoreArray(ExperimentState& state, Change change) {
+    state.StoreGeneration += 1;
     for (OffsetArray<float>* array :
          {&state.SRho, &state.SP, &state.SUx, &state.SUy, &state.SFSmoke, &state.SRPlus,
           &state.SRMinus, &state.SEntropy}) {
@@ -96,6 +97,7 @@ void ResizeStore(ExperimentState& state) {
 }
 
 void TakeSnapshot(ExperimentState& state, int base) {
+    if (base < Stride(state) * state.NStored || base == 0) state.StoreGeneration += 1;
     CopyFields(state, base);
     IntegrateInvariants(state, base);
 }

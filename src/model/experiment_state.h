@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "display/space_time_raster.h"
 #include "model/offset_array.h"
 
 struct ExperimentState {
@@ -47,6 +48,7 @@ struct ExperimentState {
     int StoreCapacity = 402;               // upper index of the eight arrays
     int StoreOffset = 0;        // element at which the next state begins, or the loaded one
     int NStored = 0;            // states stored so far, the initial one included
+    int StoreGeneration = 0;    // changes whenever what was stored does; new states only add
     int StoredStateNumber = 0;  // the state on display, 0 is the initial one
 
     // ---- Control points, entries 0..N+2, of which 0..NSelected+1 are in use ----
@@ -131,6 +133,10 @@ struct ExperimentState {
     std::string StudentName;       // answer to the name prompt
     std::string TitleText;         // title of the experiment
     int TitleSet = 0;              // 1 once a title has been entered
+
+    // ---- Space-time picture ----
+    SpaceTimeRaster Raster1;  // for pctSpaceTime at its normal size
+    SpaceTimeRaster Raster2;  // at its big size
 
     // ---- Re-entry guards: 1 while the handler of that control is on the call stack ----
     int hsbDensityBusy = 0;

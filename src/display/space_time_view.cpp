@@ -1,0 +1,122 @@
+#include "display/space_time_view.h"
+
+#include <QImage>
+#include <algorithm>
+#include <cmath>
+
+#include "display/control_values.h"
+#include "display/controls.h"
+#include "display/line_plots.h"
+#include "display/plot_picking.h"
+#include "display/space_time_places.h"
+#include "display/space_time_raster.h"
+#include "display/surface.h"
+#include "integration/state_store.h"
+#include "model/experiment_state.h"
+#include "model/number_text.h"
+
+namespace {
+
+struct GrayVariable {
+    const char* Name;
+    OffsetArray<float> ExperimentState::*Stored;
+};
+
+constexpr GrayVariable GrayVariables[] = {
+    {"Density", &ExperimentState::SRho},   {"Pressure", &ExperimentState::SP},
+    {"Velocity", &ExperimentState::SUx},   {"VY", &ExperimentState::SUy},
+    {"FSmoke", &ExperimentState::SFSmoke}, {"R+", &ExperimentState::SRPlus},
+    {"R-", &ExperimentState::SRMinus},     {"R0 (Entropy)", &ExperimentState::SEntropy},
+};
+
+const OffsetArray<float>* StoredVariable(const ExperimentState& state, const std::string& name) {
+    for (const GrayVariable& variable : GrayVariables) {
+        if (name == variable.Name) return &(state.*variable.Stored);
+    }
+    return nullptr;
+}
+
+// The raster's first row in memory is the bottom row of the picture.
+void ShowRaster(Surface& surface, const SpaceTimeRaster& raster) {
+    const QImage image(raster.DibBits.data(), raster.biWidth, raster.biHeight, raster.DibRowBytes,
+                       QImage::Format_Grayscale8);
+    surface.ShowGray(image.mirrored(/*horizontal=*/false, /*vertical=*/true));
+}
+
+void ShowBoxesUnderPicture(Controls& controls, bool visible) {
+    for (QLineEdit* box : {controls.txtPressureMin, controls.txtPressureMax, controls.txtDensityMin,
+                           controls.txtDensityMax}) {
+        PutVisible(box, visible);
+    }
+}
+
+}  // namespace
+
+void pctSpaceTime_Paint(ExperimentState& state, Controls& controls) {
+    if (state.NStored <= 1) return;
+    Surface& surface = *controls.pctSpaceTime;
+    const int height = RoundToEven(surface.ScaleHeight());
+    const int width = RoundToEven(surface.ScaleWidth());
+    const bool isBig = state.SpaceTimeBig != 0;
+    SpaceTimeRaster& raster = isBig ? state.Raster2 : state.Raster1;
+    if (isBig) PutCaption(controls.lblVelocityPlot, TextOf(controls.lstGrayVariable));
+    if (state.SchemeName == "Plover" && TextOf(controls.lstGrayVariable) == "FSmoke") {
+        PutListText(controls.lstGrayVariable, "Density");
+    }
+    const OffsetArray<float>* stored = StoredVariable(state, TextOf(controls.lstGrayVariable));
+    if (stored == nullptr) return;
+
+    double lo = 0.0, hi = 0.0;
+    DrawSpaceTime({stored->At(0), state.NGridCells, state.NStored, state.NGridCells + 2,
+                   state.StoreGeneration},
+                  lo, hi, width, height, raster);
+    ShowRaster(surface, raster);
+    if (isBig) {
+        PutText(controls.txtVelocityMin, FormatNumber(lo, "##0.0####"));
+        PutText(controls.txtVelocityMax, FormatNumber(hi, "##0.0####"));
+    }
+    surface.Refresh();
+}
+
+void pctSpaceTime_Click(ExperimentState& state, Controls& controls) {
+    controls.pctSpaceTime->Place(SmallSpaceTime);
+    state.SpaceTimeBig = 0;
+    ShowBoxesUnderPicture(controls, true);
+    const bool isSound = state.SoundWaveMode != 0;
+    const char* format = isSound ? "##0.0######" : "##0.0####";
+    PutCaption(controls.lblVelocityPlot, isSound ? "R-  Riemann Invariant" : "Velocity");
+    PutText(controls.txtVelocityMin, FormatNumber(isSound ? state.RMinusMin : state.VXMin, format));
+    PutText(controls.txtVelocityMax, FormatNumber(isSound ? state.RMinusMax : state.VXMax, format));
+    pctSpaceTime_Paint(state, controls);
+}
+
+void pctSpaceTime_DblClick(ExperimentState& state, Controls& controls) {
+    controls.pctSpaceTime->Place(BigSpaceTime);
+    state.SpaceTimeBig = 1;
+    ShowBoxesUnderPicture(controls, false);
+    PutCaption(controls.lblVelocityPlot, TextOf(controls.lstGrayVariable));
+    pctSpaceTime_Paint(state, controls);
+}
+
+void pctSpaceTime_MouseDown(ExperimentState& state, Controls& controls, float x, float y) {
+    if (state.Stopped != 1 || state.NStored <= 1) return;
+    const Surface& surface = *controls.pctSpaceTime;
+    const double height = std::abs(surface.ScaleHeight());
+    const double length = state.X[state.NGridCells + 1] - state.X[1];
+    // The top half row of the picture rounds to one state more than there is.
+    const int s =
+        std::min(RoundToEven(state.NStored - y / (height / state.NStored)), state.NStored - 1);
+    const int m = CellAt(state, x / (surface.ScaleWidth() / length));
+    if (m < 1 || !IsStored(state, s)) return;
+
+    LoadStoredState(state, s);
+    PickCell(state, controls, m);
+    state.StoredStateNumber = s;
+    PutText(controls.txtStoredStateNumber, FormatNumber(s, "###0"));
+    PaintPlots(state, controls);
+    pctSpaceTime_Paint(state, controls);
+}
+
+void lstGrayVariable_Click(ExperimentState& state, Controls& controls) {
+    pctSpaceTime_Paint(state, controls);
+}
