@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <clocale>
 
+#include "model/start_up.h"
 #include "panel/look.h"
 #include "panel/main_window.h"
 
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C");  // the application object has taken the user's
     UseFixedLook();
     frmTernlow window;
+    Form_Initialize(window.state, window.controls);
     window.show();
     return QApplication::exec();
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "display/surface.h"
+#include "model/start_up.h"
 #include "panel/choice_list.h"
 #include "panel/common_dialog.h"
 #include "panel/panel_scroll_bar.h"
@@ -214,4 +215,9 @@ void frmTernlow::ConnectTimer() {
 
 void frmTernlow::paintEvent(QPaintEvent* /*event*/) {
     QPainter(this).drawPixmap(0, 0, background_);
+}
+
+// Nothing is saved and nobody is asked: a run in progress ends with the window.
+void frmTernlow::closeEvent(QCloseEvent* /*event*/) {
+    Form_Unload(state, controls);
 }

@@ -2,12 +2,17 @@
 
 #include "display/controls.h"
 #include "display/plot_picking.h"
+#include "display/space_time_view.h"
 #include "display/stored_state_browser.h"
 #include "integration/metronome.h"
+#include "panel/option_prompts.h"
 #include "panel/run_control.h"
 #include "panel/run_parameters.h"
 #include "panel/value_entry.h"
+#include "setup/grid_size.h"
+#include "setup/point_buttons.h"
 #include "setup/riemann_tests.h"
+#include "setup/sound_wave_button.h"
 
 namespace {
 
@@ -46,19 +51,19 @@ constexpr std::array<ButtonRow, 25> Buttons = {{
     {&Controls::cmdPause,                 "cmdPause",                 "Pause",            {9720, 1680, 1455, 615},   0xFF0000, NoStill, Bold18,  31, cmdPause_Click, "Press to pause the calculation."},
     {&Controls::cmdContinue,              "cmdContinue",              "Continue",         {11520, 1680, 1455, 615},  0x00C000, NoStill, Bold18,  32, cmdContinue_Click, "Press to continue the calculation."},
     {&Controls::cmdRestart,               "cmdRestart",               "Restart",          {13440, 120, 1215, 975},   0xFF0000, NoStill, Bold18,  33, cmdRestart_Click, "Press to stop the calculation and prepare to begin it again."},
-    {&Controls::cmdNumericalScheme,       "cmdNumericalScheme",       "  PPM?   Mflops?", {7080, 10560, 735, 615},   0xC00000, NoStill, Bold11,  66, nullptr, "Click here to select the difference scheme."},
-    {&Controls::cmdBoundaryConditionType, "cmdBoundaryConditionType", "Bdrys",            {7140, 120, 615, 375},     0xFF8000, NoStill, Bold11,  14, nullptr, "Click here to clear the plotting windows."},
-    {&Controls::cmdGetDiffConsts,         "cmdGetDiffConsts",         "Get Diff Consts",  {8760, 1560, 735, 735},    0xFF0000, NoStill, Bold11,  24, nullptr, "Click here to change the default constants that control the special PPM shock dissipation."},
-    {&Controls::cmdGetTitle,              "cmdGetTitle",              " Get Title",       {7920, 120, 735, 615},     0xC00000, NoStill, Bold11,  18, nullptr, "Click here to be prompted for your name and a title for this experiment."},
-    {&Controls::cmdDocumentation,         "cmdDocumentation",         "? DOCUMENT ?",     {13080, 120, 255, 2175},   Plain,    NoStill, Plain11, 34, nullptr, "Click here to get a grayscale plot."},
-    {&Controls::cmdSinglePlots,           "cmdSinglePlots",           "Single",           {7140, 600, 615, 375},     0xFFFF00, NoStill, Bold11,  12, nullptr, "Click here to display only a single plot at a time."},
-    {&Controls::cmdMultiplePlots,         "cmdMultiplePlots",         "Multi",            {7140, 1080, 615, 375},    0x0000FF, NoStill, Bold11,  13, nullptr, "Click here to display multiple plots at a time."},
+    {&Controls::cmdNumericalScheme,       "cmdNumericalScheme",       "  PPM?   Mflops?", {7080, 10560, 735, 615},   0xC00000, NoStill, Bold11,  66, cmdNumericalScheme_Click, "Click here to select the difference scheme."},
+    {&Controls::cmdBoundaryConditionType, "cmdBoundaryConditionType", "Bdrys",            {7140, 120, 615, 375},     0xFF8000, NoStill, Bold11,  14, cmdBoundaryConditionType_Click, "Click here to clear the plotting windows."},
+    {&Controls::cmdGetDiffConsts,         "cmdGetDiffConsts",         "Get Diff Consts",  {8760, 1560, 735, 735},    0xFF0000, NoStill, Bold11,  24, cmdGetDiffConsts_Click, "Click here to change the default constants that control the special PPM shock dissipation."},
+    {&Controls::cmdGetTitle,              "cmdGetTitle",              " Get Title",       {7920, 120, 735, 615},     0xC00000, NoStill, Bold11,  18, cmdGetTitle_Click, "Click here to be prompted for your name and a title for this experiment."},
+    {&Controls::cmdDocumentation,         "cmdDocumentation",         "? DOCUMENT ?",     {13080, 120, 255, 2175},   Plain,    NoStill, Plain11, 34, cmdDocumentation_Click, "Click here to get a grayscale plot."},
+    {&Controls::cmdSinglePlots,           "cmdSinglePlots",           "Single",           {7140, 600, 615, 375},     0xFFFF00, NoStill, Bold11,  12, cmdSinglePlots_Click, "Click here to display only a single plot at a time."},
+    {&Controls::cmdMultiplePlots,         "cmdMultiplePlots",         "Multi",            {7140, 1080, 615, 375},    0x0000FF, NoStill, Bold11,  13, cmdMultiplePlots_Click, "Click here to display multiple plots at a time."},
     {&Controls::cmdReadSetUp,             "cmdReadSetUp",             " Read Setup",      {8760, 120, 735, 615},     0xFFFF00, NoStill, Bold11,  22, nullptr, "Click here to read problem set up from a disk file (which you will specify)."},
     {&Controls::cmdWriteSetUp,            "cmdWriteSetUp",            " Write Setup",     {8760, 840, 735, 615},     0xFF8000, NoStill, Bold11,  23, nullptr, "Click here to write problem set up to a disk file (which you will specify)."},
-    {&Controls::cmdSoundWave,             "cmdSoundWave",             "Sound Wave",       {7920, 840, 735, 615},     0x0000C0, NoStill, Bold11,  17, nullptr, "Click here to set up initial conditions for sound wave propagation experiments."},
-    {&Controls::cmdSelect,                "cmdSelect",                "Select",           {3840, 120, 872, 372},     Plain,    NoStill, Bold13,  5,  nullptr, "Press to select a new grid cell"},
-    {&Controls::cmdDeselect,              "cmdDeselect",              "Deselect",         {4820, 120, 1117, 372},    Plain,    NoStill, Bold13,  6,  nullptr, "Press to deselect the present grid cell"},
-    {&Controls::cmdReset,                 "cmdReset",                 "Reset",            {6045, 120, 872, 372},     Plain,    NoStill, Bold13,  7,  nullptr, "Press to deselect all grid cells but the first and the last."},
+    {&Controls::cmdSoundWave,             "cmdSoundWave",             "Sound Wave",       {7920, 840, 735, 615},     0x0000C0, NoStill, Bold11,  17, cmdSoundWave_Click, "Click here to set up initial conditions for sound wave propagation experiments."},
+    {&Controls::cmdSelect,                "cmdSelect",                "Select",           {3840, 120, 872, 372},     Plain,    NoStill, Bold13,  5,  cmdSelect_Click, "Press to select a new grid cell"},
+    {&Controls::cmdDeselect,              "cmdDeselect",              "Deselect",         {4820, 120, 1117, 372},    Plain,    NoStill, Bold13,  6,  cmdDeselect_Click, "Press to deselect the present grid cell"},
+    {&Controls::cmdReset,                 "cmdReset",                 "Reset",            {6045, 120, 872, 372},     Plain,    NoStill, Bold13,  7,  cmdReset_Click, "Press to deselect all grid cells but the first and the last."},
     {&Controls::cmdTest1,                 "cmdTest1",                 "Test 1",           {240, 10560, 1455, 615},   0x00C000, Still,   Bold24,  58, cmdTest1_Click, "Click here to set up for Test 1."},
     {&Controls::cmdTest2,                 "cmdTest2",                 "Test 2",           {1920, 10560, 1455, 615},  0x00C000, Still,   Bold24,  59, cmdTest2_Click, "Click here to set up for Test 2."},
     {&Controls::cmdTest3,                 "cmdTest3",                 "Test 3",           {3600, 10560, 1455, 615},  0x00C000, Still,   Bold24,  60, cmdTest3_Click, "Click here to set up for Test 3."},
@@ -70,7 +75,7 @@ constexpr std::array<ButtonRow, 25> Buttons = {{
 }};
 
 constexpr std::array<TextBoxRow, 17> TextBoxes = {{
-    {&Controls::txtNGridCells,        "txtNGridCells",        " 501",     {120, 120, 1332, 372},    Centred, 0,  nullptr, "N Grid Cells",      "enter the number of grid cells here"},
+    {&Controls::txtNGridCells,        "txtNGridCells",        " 501",     {120, 120, 1332, 372},    Centred, 0,  txtNGridCells_Change, "N Grid Cells",      "enter the number of grid cells here"},
     {&Controls::txtMSelected,         "txtMSelected",         " 251",     {120, 600, 1332, 372},    Centred, 2,  txtMSelected_Change, "M Selected",        "Enter the number of the selected grid cell"},
     {&Controls::txtDensity,           "txtDensity",           " 1.0",     {120, 1080, 1332, 372},   Centred, 42, txtDensity_Change, "Density",           "Enter the density of the selected grid cell here."},
     {&Controls::txtPressure,          "txtPressure",          "1.0",      {120, 1560, 1332, 372},   Centred, 41, txtPressure_Change, "Pressure",          "Enter the pressure of the selected grid cell here."},
@@ -111,7 +116,7 @@ constexpr std::array<SurfaceRow, 4> Surfaces = {{
     {&Controls::pctDensityPlot,  "pctDensityPlot",  {120, 2520, 6800, 2895},  InTwips,  8,  pctDensityPlot_MouseDown, nullptr, nullptr, "Density plot",       "The plot of the density distribution appears in this window."},
     {&Controls::pctPressurePlot, "pctPressurePlot", {7920, 2520, 6800, 2895}, InTwips,  21, pctPressurePlot_MouseDown, nullptr, nullptr, "Pressure plot",      "The plot of the pressure distribution appears in this window."},
     {&Controls::pctVelocityPlot, "pctVelocityPlot", {120, 6240, 6800, 2895},  InTwips,  15, pctVelocityPlot_MouseDown, nullptr, nullptr, "Velocity plot",      "The plot of the velocity appears in this window."},
-    {&Controls::pctSpaceTime,    "pctSpaceTime",    {7920, 6240, 6800, 2895}, InPixels, 36, nullptr, nullptr, nullptr, "Space-time picture", SpaceTimeTip},
+    {&Controls::pctSpaceTime,    "pctSpaceTime",    {7920, 6240, 6800, 2895}, InPixels, 36, pctSpaceTime_MouseDown, pctSpaceTime_Click, pctSpaceTime_DblClick, "Space-time picture", SpaceTimeTip},
 }};
 
 constexpr std::array<ScrollBarRow, 5> ScrollBars = {{
@@ -124,7 +129,7 @@ constexpr std::array<ScrollBarRow, 5> ScrollBars = {{
 
 constexpr ListBoxRow GrayVariables =
     {&Controls::lstGrayVariable, "lstGrayVariable", {"Density", "Pressure", "Velocity", "R+", "R-", "R0 (Entropy)", "VY", "FSmoke"},
-     {8520, 9360, 2415, 396}, Bold19, 57, nullptr, "Grayscale variable", "Select the variable to appear in the grayscale space-time display."};
+     {8520, 9360, 2415, 396}, Bold19, 57, lstGrayVariable_Click, "Grayscale variable", "Select the variable to appear in the grayscale space-time display."};
 
 constexpr TimerRow Metronome = {&Controls::tmrMetronome, "tmrMetronome", 10, tmrMetronome_Timer};
 

@@ -4,6 +4,7 @@
 
 #include "display/control_values.h"
 #include "display/controls.h"
+#include "display/experiment_caption.h"
 #include "display/line_plots.h"
 #include "integration/axis_ranges.h"
 #include "integration/boundary_zones.h"
@@ -30,6 +31,7 @@ void cmdBegin_Click(ExperimentState& state, Controls& controls) {
     StoreInitialState(state);
     state.DTime0 = state.DTime;
     PutCaption(controls.cmdNumericalScheme, state.SchemeName);
+    ComposeExperimentCaption(state, controls);
     state.NStored = 1;
     state.Stopped = 0;
 }

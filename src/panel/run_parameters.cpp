@@ -6,6 +6,7 @@
 
 #include "display/control_values.h"
 #include "display/controls.h"
+#include "display/experiment_caption.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
@@ -58,6 +59,7 @@ void txtNPeriods_Change(ExperimentState& state, Controls& controls) {
     state.Periods = *number;
     state.TStop = state.Periods * state.PeriodTime;
     FollowNumberOfPlots(state);
+    ComposeExperimentCaption(state, controls);
 }
 
 void txtNPlotsPerPeriod_Change(ExperimentState& state, Controls& controls) {

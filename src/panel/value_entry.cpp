@@ -50,18 +50,6 @@ ValuePair Velocity(ExperimentState& state, const Controls& controls) {
         state.VxSel,          state.VXMin,          state.VXMax,           false};
 }
 
-std::optional<double> ValueIn(const QLineEdit* box) {
-    const std::optional<double> number = ReadNumber(TextOf(box));
-    if (!number || std::abs(*number) > LargestValue) return std::nullopt;
-    return number;
-}
-
-std::optional<double> PositiveNumberIn(const QLineEdit* box) {
-    const std::optional<double> number = ReadNumber(TextOf(box));
-    if (!number || *number <= 0.0) return std::nullopt;
-    return number;
-}
-
 // The box's side: the quantity takes the number, its axis follows, and the bar moves unless it is
 // the bar that wrote the box, or a run is going.
 void TakeNumber(const ExperimentState& state, const ValuePair& pair, double number) {
@@ -88,6 +76,20 @@ void TakeBar(const ValuePair& pair) {
 }
 
 }  // namespace
+
+std::optional<double> ValueIn(const QLineEdit* box) {
+    const std::optional<double> number = ReadNumber(TextOf(box));
+    if (!number || std::abs(*number) > LargestValue) return std::nullopt;
+    return number;
+}
+
+std::optional<int> CellIn(const ExperimentState& state, const QLineEdit* box) {
+    const std::optional<double> number = ReadNumber(TextOf(box));
+    if (!number || *number <= 0.0) return std::nullopt;
+    const int cell = RoundToEven(*number);
+    if (cell < 1 || cell > state.NGridCells) return std::nullopt;
+    return cell;
+}
 
 int ValueBarPosition(const QScrollBar* bar, double v, double lo, double hi) {
     const double part = (v - lo) / (hi - lo);
@@ -152,13 +154,11 @@ void hsbMSelected_Change(ExperimentState& state, Controls& controls) {
 }
 
 void txtMSelected_Change(ExperimentState& state, Controls& controls) {
-    const std::optional<double> number = PositiveNumberIn(controls.txtMSelected);
-    if (!number) return;
-    const int cell = RoundToEven(*number);
-    if (cell < 1 || cell > state.NGridCells) return;
+    const std::optional<int> cell = CellIn(state, controls.txtMSelected);
+    if (!cell) return;
 
     state.txtMSelectedBusy = 1;
-    state.MSelected = cell;
+    state.MSelected = *cell;
     if (state.hsbMSelectedBusy == 0 && BarValue(controls.hsbMSelected) != state.MSelected) {
         PutBarValue(controls.hsbMSelected, state.MSelected);
     }

@@ -3,10 +3,18 @@
 // half-typed text changes nothing and stays as typed.
 #pragma once
 
+#include <optional>
+
 struct Controls;
 struct ExperimentState;
 
+class QLineEdit;
 class QScrollBar;
+
+// The number in a value box, or the cell in a cell box; empty if the text is not one that the box
+// takes: no number, too large for the schemes' arithmetic, or a cell beyond the grid.
+std::optional<double> ValueIn(const QLineEdit* box);
+std::optional<int> CellIn(const ExperimentState& state, const QLineEdit* box);
 
 // The three values of the selected cell. The fields themselves change only with Select.
 void txtDensity_Change(ExperimentState& state, Controls& controls);

@@ -2,6 +2,7 @@
 
 #include "display/control_values.h"
 #include "display/controls.h"
+#include "display/experiment_caption.h"
 #include "display/line_plots.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
@@ -20,6 +21,7 @@ void SetUpTest(ExperimentState& state, Controls& controls, std::size_t number) {
 }  // namespace
 
 void InitRiemannProblem(ExperimentState& state, Controls& controls, const RiemannProblem& problem) {
+    ComposeRiemannCaption(state, controls, problem);
     BuildRiemannProblem(state, problem);
     FillValueControls(state, controls);
     FillCellControls(state, controls);

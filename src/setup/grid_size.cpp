@@ -1,0 +1,69 @@
+#include "setup/grid_size.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "display/control_values.h"
+#include "display/controls.h"
+#include "model/experiment_state.h"
+#include "model/number_text.h"
+#include "panel/value_entry.h"
+#include "setup/grid.h"
+#include "setup/point_mapping.h"
+#include "setup/set_up_replay.h"
+#include "setup/sound_wave_button.h"
+
+namespace {
+
+constexpr double FewestCells = 6.0;
+
+// The edges of the new grid between the old ends, for the mapping of the control points; the
+// rebuild that follows replaces them.
+void StretchGrid(ExperimentState& state, double ratio, double left, double right) {
+    const int n = state.NGridCells;
+    if (ratio > 1.0) state.X.Resize(10 * (n / 3) + 7);
+    state.NGridCellsD = n;
+    const double width = (right - left) / n;
+    for (int i = 2; i <= n; ++i) state.X[i] = width + state.X[i - 1];
+    state.X[n + 1] = right;
+}
+
+void ResetStore(ExperimentState& state) {
+    state.StoredT[0] = state.Time;
+    state.StoreOffset = 0;
+    state.NStored = 0;
+    state.MultiplePlots = 0;
+    state.StoredStateNumber = 0;
+}
+
+}  // namespace
+
+void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
+    if (state.Time != 0.0 || state.Stopped == 0) {
+        PutText(controls.txtNGridCells, GeneralNumber(state.NGridCells));
+        return;
+    }
+    const std::optional<double> number = ReadNumber(TextOf(controls.txtNGridCells));
+    if (!number || *number < FewestCells || state.NSelected > *number) return;
+
+    state.Stopped = 1;
+    const double left = state.X[1];
+    const double right = state.X[state.NGridCells + 1];
+    const double ratio = *number / state.NGridCells;
+    state.NGridCells = std::min(RoundToEven(*number), state.MaxGridCells);
+    StretchGrid(state, ratio, left, right);
+
+    state.MSelected = state.NGridCells / 2;
+    SetCellBarRange(state, controls);
+    state.MSelected = state.NGridCells / 2;
+    ResetStore(state);
+    ResizeControlPointLists(state);
+    MapControlPoints(state);
+
+    if (state.SoundWaveMode == 0) {
+        ApplySetUp(state, controls);
+    } else {
+        AllocateArrays(state);
+        InitSoundWave(state, controls);
+    }
+}

@@ -1,0 +1,82 @@
+#include "setup/point_buttons.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "display/control_values.h"
+#include "display/controls.h"
+#include "display/experiment_caption.h"
+#include "display/line_plots.h"
+#include "model/experiment_state.h"
+#include "model/number_text.h"
+#include "panel/value_entry.h"
+#include "setup/control_points.h"
+#include "setup/grid.h"
+#include "setup/smoke.h"
+
+namespace {
+
+PointValues ValuesOfBoxes(const ExperimentState& state, const Controls& controls) {
+    const double rho = ValueIn(controls.txtDensity).value_or(state.RhoSel);
+    const double p = ValueIn(controls.txtPressure).value_or(state.PSel);
+    const double vx = ValueIn(controls.txtVelocity).value_or(state.VxSel);
+    return {std::max(rho > 0.0 ? rho : state.RhoSel, state.RhoFloor), std::max(p, state.PFloor),
+            vx};
+}
+
+void WidenPlainly(double v, double& lo, double& hi) {
+    hi = std::max(hi, v);
+    lo = std::min(lo, v);
+}
+
+void ShowPoint(Controls& controls, int cell, const PointValues& values) {
+    PutText(controls.txtMSelected, GeneralNumber(cell));
+    PutText(controls.txtDensity, GeneralNumber(values.Rho));
+    PutText(controls.txtPressure, GeneralNumber(values.P));
+    PutText(controls.txtVelocity, GeneralNumber(values.Vx));
+}
+
+}  // namespace
+
+void cmdSelect_Click(ExperimentState& state, Controls& controls) {
+    if (state.Stopped == 0 || state.Time != 0.0) return;
+    const int m = state.MSelected;
+    const PointValues values = ValuesOfBoxes(state, controls);
+    WidenPlainly(values.Rho, state.RhoMin, state.RhoMax);
+    WidenPlainly(values.P, state.PMin, state.PMax);
+    WidenPlainly(values.Vx, state.VXMin, state.VXMax);
+
+    // A point is never edited in place: it is taken off and put on anew.
+    if (FindControlPoint(state, m) > 0) cmdDeselect_Click(state, controls);
+    state.RhoSel = values.Rho;
+    state.PSel = values.P;
+    state.VxSel = values.Vx;
+    state.MSelected = m;
+    InsertControlPoint(state, m, values);
+
+    SetInitialDTime(state);
+    InitSmokePattern(state);
+    ShowPoint(controls, m, values);
+    ComposeExperimentCaption(state, controls);
+    ClearAndPaintPlots(state, controls);
+}
+
+void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
+    state.MSelected = CellIn(state, controls.txtMSelected).value_or(state.MSelected);
+    const int k = FindControlPoint(state, state.MSelected);
+    if (k > 0) RemoveControlPoint(state, k);
+
+    SetInitialDTime(state);
+    InitSmokePattern(state);
+    ComposeExperimentCaption(state, controls);
+    ClearAndPaintPlots(state, controls);
+}
+
+void cmdReset_Click(ExperimentState& state, Controls& controls) {
+    if (state.Time != 0.0 || state.Stopped == 0) return;
+    for (int k = state.NSelected - 1; k >= 2; --k) {
+        PutText(controls.txtMSelected, GeneralNumber(state.MSelList[k]));
+        cmdDeselect_Click(state, controls);
+    }
+    ClearAndPaintPlots(state, controls);
+}

@@ -1,0 +1,150 @@
+#include "setup/set_up_replay.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/control_values.h"
+#include "display/controls.h"
+#include "display/experiment_caption.h"
+#include "integration/state_store.h"
+#include "model/experiment_state.h"
+#include "model/number_text.h"
+#include "panel/run_parameters.h"
+#include "panel/value_entry.h"
+#include "setup/grid.h"
+#include "setup/point_buttons.h"
+#include "setup/smoke.h"
+
+namespace {
+
+constexpr double Margin = 0.05;
+
+// Least and greatest value so far of one quantity of the control points.
+struct Extremes {
+    double Least;
+    double Greatest;
+
+    void TakeIn(double v) {
+        Least = std::min(Least, v);
+        Greatest = std::max(Greatest, v);
+    }
+
+    // The axis that shows them; `noSpan` is its margin when they are equal.
+    void SetAxis(double noSpan, double& lo, double& hi) const {
+        const double span = (Greatest - Least) * Margin;
+        const double d = span > 0.0 ? span : noSpan;
+        hi = Greatest + d;
+        lo = Least - d;
+    }
+};
+
+struct ExtremesOfPoints {
+    Extremes Rho, P, Vx;
+};
+
+void FillFromList(ExperimentState& state) {
+    const int n = state.NGridCells;
+    for (int i = 0; i <= n + 1; ++i) {
+        const int entry = i < n ? 0 : 1;
+        state.Rho[i] = state.RhoSelList[entry];
+        state.P[i] = state.PSelList[entry];
+        state.Ux[i] = state.VxSelList[entry];
+        state.Uy[i] = 0.0;
+        state.FSmoke[i] = 0.0;
+        state.C2[i] = state.P[i] * state.Gamma / state.Rho[i];
+        state.C[i] = std::sqrt(state.C2[i]);
+    }
+}
+
+void ResetStore(ExperimentState& state) {
+    state.Stopped = 1;
+    state.StoreOffset = 0;
+    state.NStored = 0;
+    state.MultiplePlots = 0;
+    state.StoredStateNumber = 0;
+}
+
+// A box step of the replay: the handler runs even if the text was there already.
+template <typename Change>
+void PutAndRun(ExperimentState& state, Controls& controls, QLineEdit* box, const std::string& text,
+               Change change) {
+    PutText(box, text);
+    change(state, controls);
+}
+
+void ReplayPoint(ExperimentState& state, Controls& controls, int k, ExtremesOfPoints& extremes) {
+    state.MSelected = state.MSelList[k];
+    PutAndRun(state, controls, controls.txtMSelected, FormatNumber(state.MSelected, "###0"),
+              txtMSelected_Change);
+    state.PSel = state.PSelList[k];
+    state.P[state.MSelected] = state.PSel;
+    extremes.P.TakeIn(state.PSel);
+    extremes.P.SetAxis(extremes.P.Greatest * Margin, state.PMin, state.PMax);
+
+    state.VxSel = state.VxSelList[k];
+    state.Ux[state.MSelected] = state.VxSel;
+    extremes.Vx.TakeIn(state.VxSel);
+    const double soundSpeed = std::sqrt(state.P[1] * state.Gamma / state.Rho[1]);
+    extremes.Vx.SetAxis(Margin * soundSpeed, state.VXMin, state.VXMax);
+    state.Uy[state.MSelected] = 0.0;
+    state.FSmoke[state.MSelected] = 0.0;
+    state.NGridCellsD = state.NGridCells;
+
+    state.RhoSel = state.RhoSelList[k];
+    state.Rho[state.MSelected] = state.RhoSel;
+    extremes.Rho.TakeIn(state.RhoSel);
+    extremes.Rho.SetAxis(extremes.Rho.Greatest * Margin, state.RhoMin, state.RhoMax);
+
+    PutAndRun(state, controls, controls.txtPressure, FormatNumber(state.PSel, "0.0000##"),
+              txtPressure_Change);
+    PutAndRun(state, controls, controls.txtDensity, FormatNumber(state.RhoSel, "#0.0000##"),
+              txtDensity_Change);
+    PutAndRun(state, controls, controls.txtVelocity, FormatNumber(state.VxSel, "#0.0000##"),
+              txtVelocity_Change);
+    cmdSelect_Click(state, controls);
+}
+
+void ReplayPoints(ExperimentState& state, Controls& controls) {
+    ExtremesOfPoints extremes{{state.RhoSelList[1], state.RhoSelList[1]},
+                              {state.PSelList[1], state.PSelList[1]},
+                              {state.VxSelList[1], state.VxSelList[1]}};
+    const int count = state.NSelected;
+    for (int k = 1; k <= count; ++k) ReplayPoint(state, controls, k, extremes);
+    if (count == 0) return;
+    PutAndRun(state, controls, controls.txtNPeriods, GeneralNumber(state.Periods),
+              txtNPeriods_Change);
+    PutAndRun(state, controls, controls.txtNPlotsPerPeriod, GeneralNumber(state.NPlotsPerPeriod),
+              txtNPlotsPerPeriod_Change);
+}
+
+void SetClock(ExperimentState& state) {
+    const double crossing = ShortestCrossingTime(state, state.DX / state.SoundSpeed0);
+    state.PeriodTime = 1.0 / state.C[1];
+    state.TStop = state.PeriodTime * state.Periods;
+    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
+    state.TimeToPlot = state.PlotInterval;
+    state.DTime = std::min((state.CourantNumber * 0.1) * crossing, state.PlotInterval);
+}
+
+}  // namespace
+
+void ApplySetUp(ExperimentState& state, Controls& controls) {
+    AllocateArrays(state);
+    InitSmokePattern(state);
+    FillFromList(state);
+    PutText(controls.txtCourantNumber, FormatNumber(state.CourantNumber, "#0.0#"));
+    // Another grid size runs that box's handler, which lays the bar of the cells and calls back
+    // here. Away from Time 0 it does neither, and the bar would keep the range of another grid.
+    PutText(controls.txtNGridCells, GeneralNumber(state.NGridCells));
+    if (BarMaximum(controls.hsbMSelected) != state.NGridCells) SetCellBarRange(state, controls);
+
+    state.MSelected = state.NGridCells / 2;
+    state.StoredT[0] = state.Time;
+    state.NGridCellsD = state.NGridCells;
+    ResetStore(state);
+    ReplayPoints(state, controls);
+
+    SetClock(state);
+    TakeSnapshot(state, 0);
+    ComposeExperimentCaption(state, controls);
+}
