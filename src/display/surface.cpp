@@ -176,16 +176,14 @@ int Surface::PenWidth() const {
 
 void Surface::Draw(QPainter& painter, const Curve& curve) const {
     const QRectF frame = QRectF(image_.rect()).adjusted(-Margin, -Margin, Margin, Margin);
-    // The toolkit puts the middle of a line on a whole number half a pixel further on.
-    const QPointF toLine(0.5, 0.5);
     QPolygonF seen;
     const auto drawSeen = [&] {
         if (seen.size() > 1) painter.drawPolyline(seen);
         seen.clear();
     };
     for (std::size_t i = 1; i < curve.size(); ++i) {
-        QPointF from = ToDevice(curve[i - 1]) - toLine;
-        QPointF to = ToDevice(curve[i]) - toLine;
+        QPointF from = ToDevice(curve[i - 1]);
+        QPointF to = ToDevice(curve[i]);
         if (!IsFinite(from) || !IsFinite(to) || !CutToFrame(from, to, frame)) {
             drawSeen();
             continue;

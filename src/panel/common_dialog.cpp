@@ -1,7 +1,7 @@
 #include "panel/common_dialog.h"
 
-#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "panel/tick_hold.h"
 
@@ -59,5 +59,5 @@ void CommonDialog::Run(QFileDialog& box) {
     FileName.clear();
     if (box.exec() != QDialog::Accepted) return;
     FileName = box.selectedFiles().value(0);
-    folder_ = box.directory().absolutePath();
+    folder_ = QFileInfo(FileName).absolutePath();
 }

@@ -167,16 +167,16 @@ QImage BackgroundPicture() {
     constexpr std::array<Layer, 13> layers = {{
         {0.00F, 0xFF02040C, 0xFF06162E},
         {0.08F, 0xFF071A3C, 0xFF0A3A4C},
-        {0.15F, 0xFF01030A, 0xFF08606A},
+        {0.15F, 0xFF01030A, 0xFF085660},
         {0.21F, 0xFF0A1E4A, 0xFF0B3848},
         {0.27F, 0xFF030612, 0xFF6A4322},
         {0.32F, 0xFF06122E, 0xFF3A2818},
         {0.38F, 0xFF0B2458, 0xFF0A2A4E},
-        {0.44F, 0xFF01020A, 0xFF0A646C},
+        {0.44F, 0xFF01020A, 0xFF0A5660},
         {0.51F, 0xFF081C42, 0xFF0C3C58},
         {0.56F, 0xFF02040E, 0xFF70481F},
         {0.64F, 0xFF0A1F4C, 0xFF0A4456},
-        {0.80F, 0xFF02050F, 0xFF0A5A60},
+        {0.80F, 0xFF02050F, 0xFF0A565C},
         {1.00F, 0xFF071634, 0xFF4A3320},
     }};
     return DyedFlow(QSize(1400, 1400), vortices, layers);

@@ -16,5 +16,5 @@ void WrappingLabel::paintEvent(QPaintEvent* /*event*/) {
     const QColor ink = palette().color(QPalette::WindowText);
     if (isBoxed_) DrawEdges(painter, rect(), ink);
     painter.setPen(ink);
-    DrawCaption(painter, rect().adjusted(1, 1, -1, -1), text(), alignment_);
+    DrawCaption(painter, rect().adjusted(2, 1, -2, -1), text(), alignment_);
 }

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <map>
+#include <set>
+
+#include "display/control_values.h"
+#include "display/surface.h"
+#include "panel/caption_drawing.h"
+#include "panel/common_dialog.h"
+#include "panel/main_window.h"
+#include "panel/pictures.h"
+
+namespace {
+
+constexpr std::size_t ControlCount = 69;
+
+bool IsOfItsKind(const QObject* control, const QString& name) {
+    const QString prefix = name.left(3);
+    if (prefix == "cmd") return dynamic_cast<const QPushButton*>(control) != nullptr;
+    if (prefix == "txt") return dynamic_cast<const QLineEdit*>(control) != nullptr;
+    if (prefix == "lbl") return dynamic_cast<const QLabel*>(control) != nullptr;
+    if (prefix == "pct") return dynamic_cast<const Surface*>(control) != nullptr;
+    if (prefix == "lst") return dynamic_cast<const QListWidget*>(control) != nullptr;
+    if (prefix == "tmr") return dynamic_cast<const QTimer*>(control) != nullptr;
+    if (name == "CommonDialog1") return dynamic_cast<const CommonDialog*>(control) != nullptr;
+    const auto* bar = dynamic_cast<const QScrollBar*>(control);
+    if (bar == nullptr) return false;
+    return bar->orientation() == (prefix == "hsb" ? Qt::Horizontal : Qt::Vertical);
+}
+
+// The device pixels by which two pictures differ: what is in one and not in the other.
+struct Ink {
+    QRect Bounds;
+    int Count = 0;
+};
+
+Ink InkOf(const QImage& with, const QImage& without) {
+    Ink ink;
+    for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x) {
+            if (with.pixel(x, y) == without.pixel(x, y)) continue;
+            ink.Bounds |= QRect(x, y, 1, 1);
+            ++ink.Count;
+        }
+    }
+    return ink;
+}
+
+template <typename Control>
+Ink CaptionInk(Control& control) {
+    const QString caption = control.text();
+    const QImage with = control.grab().toImage();
+    control.setText(QString());
+    const QImage without = control.grab().toImage();
+    control.setText(caption);
+    return InkOf(with, without);
+}
+
+// The ink of the caption with all the room in the world.
+int FreeInkCount(const QString& caption, const QFont& font, double ratio) {
+    const QSize room(2000, 200);
+    QImage paper(room * ratio, QImage::Format_RGB32);
+    paper.setDevicePixelRatio(ratio);
+    paper.fill(Qt::white);
+    const QImage blank = paper;
+    QPainter painter(&paper);
+    painter.setFont(font);
+    DrawCaption(painter, QRect(QPoint(), room), caption, CaptionAlignment::Left);
+    painter.end();
+    return InkOf(paper, blank).Count;
+}
+
+// The whole caption is on the control: off its edges, and nothing of it is missing.
+template <typename Control>
+void ExpectReadable(Control& control, int edge) {
+    const double ratio = control.devicePixelRatioF();
+    const Ink ink = CaptionInk(control);
+    const QRectF inside = QRectF(control.rect().adjusted(edge, edge, -edge, -edge));
+    const QRectF bounds(QPointF(ink.Bounds.topLeft()) / ratio, QSizeF(ink.Bounds.size()) / ratio);
+    const QString what = control.objectName() + ": " + control.text();
+    EXPECT_TRUE(inside.contains(bounds)) << qPrintable(what);
+    // A font that has been shrunk to fit may lose a third of its ink.
+    EXPECT_GE(ink.Count, 0.65 * FreeInkCount(control.text(), control.font(), ratio))
+        << qPrintable(what);
+}
+
+}  // namespace
+
+TEST(PanelLayout, SetsEveryMemberOnce) {
+    static_assert(sizeof(Controls) == ControlCount * sizeof(void*));
+    const frmTernlow form;
+    std::array<void*, ControlCount> members{};
+    std::memcpy(members.data(), &form.controls, sizeof(Controls));
+    const std::set<void*> distinct(members.begin(), members.end());
+    EXPECT_EQ(distinct.size(), ControlCount);
+    EXPECT_EQ(distinct.count(nullptr), 0U);
+}
+
+TEST(PanelLayout, MakesEveryControlAsItsRowSays) {
+    const frmTernlow form;
+    std::set<QString> names;
+    const auto check = [&](const auto& row, const char* toolTip) {
+        const QWidget* control = form.controls.*row.Control;
+        names.insert(row.Name);
+        EXPECT_TRUE(IsOfItsKind(control, row.Name)) << row.Name;
+        EXPECT_EQ(form.findChild<QWidget*>(row.Name), control) << row.Name;
+        EXPECT_EQ(control->toolTip(), toolTip) << row.Name;
+        EXPECT_FALSE(control->accessibleName().isEmpty()) << row.Name;
+        const QRect& twips = row.Twips;
+        const QRectF exact(twips.x() / 15.0, twips.y() / 15.0, twips.width() / 15.0,
+                           twips.height() / 15.0);
+        EXPECT_LE(std::abs(control->x() - exact.x()), 0.5) << row.Name;
+        EXPECT_LE(std::abs(control->y() - exact.y()), 0.5) << row.Name;
+        EXPECT_LE(std::abs(control->width() - exact.width()), 0.5) << row.Name;
+        EXPECT_LE(std::abs(control->height() - exact.height()), 0.5) << row.Name;
+        EXPECT_TRUE(form.rect().contains(control->geometry())) << row.Name;
+    };
+    for (const ButtonRow& row : Buttons) {
+        check(row, row.ToolTip);
+        EXPECT_EQ((form.controls.*row.Control)->text(), row.Caption);
+    }
+    for (const TextBoxRow& row : TextBoxes) {
+        check(row, row.ToolTip);
+        EXPECT_EQ((form.controls.*row.Control)->text(), row.Text);
+    }
+    for (const LabelRow& row : Labels) {
+        check(row, row.ToolTip);
+        EXPECT_EQ((form.controls.*row.Control)->text(), row.Caption);
+        EXPECT_EQ((form.controls.*row.Control)->textFormat(), Qt::PlainText) << row.Name;
+    }
+    for (const SurfaceRow& row : Surfaces) check(row, row.ToolTip);
+    for (const ScrollBarRow& row : ScrollBars) check(row, "");
+    check(GrayVariables, GrayVariables.ToolTip);
+
+    names.insert(form.controls.tmrMetronome->objectName());
+    names.insert(form.controls.CommonDialog1->objectName());
+    EXPECT_EQ(names.size(), ControlCount);
+    EXPECT_TRUE(IsOfItsKind(form.findChild<QTimer*>("tmrMetronome"), "tmrMetronome"));
+    EXPECT_TRUE(IsOfItsKind(form.findChild<QObject*>("CommonDialog1"), "CommonDialog1"));
+    EXPECT_TRUE(form.controls.tmrMetronome->isActive());
+    EXPECT_EQ(form.controls.tmrMetronome->interval(), 10);
+    EXPECT_EQ(form.size(), QSize(1000, 766));
+}
+
+TEST(PanelLayout, LeadsTheFocusThroughTheTabOrder) {
+    const frmTernlow form;
+    std::map<int, QString> byTab;
+    const auto add = [&](const auto& row) { byTab[row.Tab] = row.Name; };
+    std::for_each(Buttons.begin(), Buttons.end(), add);
+    std::for_each(TextBoxes.begin(), TextBoxes.end(), add);
+    std::for_each(ScrollBars.begin(), ScrollBars.end(), add);
+    add(GrayVariables);
+
+    const QWidget* first = form.controls.txtNGridCells;
+    EXPECT_EQ(form.focusWidget(), first);
+    const QWidget* control = first;
+    for (const auto& [tab, name] : byTab) {
+        EXPECT_EQ(control->objectName(), name) << tab;
+        do {
+            control = control->nextInFocusChain();
+        } while (!(control->focusPolicy() & Qt::TabFocus) || control->parentWidget() != &form);
+    }
+    EXPECT_EQ(control, first);
+}
+
+TEST(PanelLayout, ShowsEveryCaptionWhole) {
+    for (const double factor : {1.0, 0.8}) {
+        frmTernlow form{PanelScale(factor)};
+        for (const ButtonRow& row : Buttons) ExpectReadable(*(form.controls.*row.Control), 2);
+        for (const LabelRow& row : Labels) ExpectReadable(*(form.controls.*row.Control), 1);
+    }
+}
+
+TEST(PanelLayout, ShowsCaptionsWholeThatComeLater) {
+    frmTernlow form;
+    for (const char* name : {"Kestrel", "Kestrel32", "Heron32", "Plover", "<b>a&b</b>"}) {
+        PutCaption(form.controls.cmdNumericalScheme, name);
+        ExpectReadable(*form.controls.cmdNumericalScheme, 2);
+    }
+    const std::string composed =
+        "RhoL = 1.0,     PL = 1.0,     UxL = 0.75,     XJumpL = 0.3,     RhoM = 0.125,     "
+        "UxM = 0.1234567,     Gamma = 1.4,       12/31/2026   11:59:59 PM\r\n"
+        "RhoR = 0.1261192,     PR = 782.928907,     UxR = -1.870829,     XJumpR = 0.9,     "
+        "PM = 0.1,     UyM = 0.0,     TStop = 0.2125   Jane Q. Student";
+    PutCaption(form.controls.lblStudentID, composed);
+    EXPECT_EQ(CaptionOf(form.controls.lblStudentID), composed);
+    ExpectReadable(*form.controls.lblStudentID, 1);
+}
+
+TEST(PanelLayout, StacksTheBigPictureAboveThePlotsAndBelowTheirBoxes) {
+    frmTernlow form;
+    const Controls& controls = form.controls;
+    controls.pctSpaceTime->Place(QRect(120, 2520, 14600, 6615));
+    const auto atMiddleOf = [&](const QWidget* control) {
+        return form.childAt(control->geometry().center());
+    };
+    for (const QWidget* covered : {static_cast<QWidget*>(controls.pctDensityPlot),
+                                   static_cast<QWidget*>(controls.pctPressurePlot),
+                                   static_cast<QWidget*>(controls.pctVelocityPlot),
+                                   static_cast<QWidget*>(controls.lblDensityPlot),
+                                   static_cast<QWidget*>(controls.vsbStoredStateNumber)}) {
+        EXPECT_EQ(atMiddleOf(covered), controls.pctSpaceTime) << qPrintable(covered->objectName());
+    }
+    for (const QLineEdit* box : {controls.txtDensityMin, controls.txtDensityMax,
+                                 controls.txtPressureMin, controls.txtPressureMax}) {
+        EXPECT_EQ(atMiddleOf(box), box) << qPrintable(box->objectName());
+    }
+}
+
+// Yellow captions keep a contrast of 4 and white ones of 8: relative luminance stays below 0.08.
+TEST(Pictures, StayDarkBehindTheLabels) {
+    const QImage picture = BackgroundPicture();
+    EXPECT_EQ(picture.size(), QSize(1400, 1400));
+    EXPECT_EQ(StillPicture().size(), QSize(731, 553));
+    double brightest = 0.0;
+    int teal = 0;
+    int orange = 0;
+    for (int y = 0; y < picture.height(); y += 2) {
+        for (int x = 0; x < picture.width(); x += 2) {
+            const QColor colour = picture.pixelColor(x, y);
+            brightest = std::max(brightest, 0.2126 * std::pow(colour.redF(), 2.2) +
+                                                0.7152 * std::pow(colour.greenF(), 2.2) +
+                                                0.0722 * std::pow(colour.blueF(), 2.2));
+            teal += colour.green() > 60 && colour.green() > 3 * colour.red();
+            orange += colour.red() > 50 && colour.red() > 2 * colour.blue();
+        }
+    }
+    EXPECT_LT(brightest, 0.08);
+    EXPECT_GT(teal, 5000);
+    EXPECT_GT(orange, 5000);
+}

@@ -1,0 +1,135 @@
+#include "panel/prompt.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "panel/common_dialog.h"
+#include "panel/main_window.h"
+#include "panel/tick_hold.h"
+
+namespace {
+
+constexpr const char* Filters = "All Files (*.*)|*.*|Text Files (*.txt)|*.txt";
+
+// Does something with the modal box that opens next, from inside its event loop.
+template <typename Box, typename Action>
+void WhenOpen(Action action) {
+    QTimer::singleShot(0, [action] {
+        auto* box = dynamic_cast<Box*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        action(*box);
+    });
+}
+
+// Types a file name into the dialog that opens next and presses its button.
+void NameFile(const QString& path) {
+    WhenOpen<QFileDialog>([path](QFileDialog& box) {
+        auto* name = box.findChild<QLineEdit*>("fileNameEdit");
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+}
+
+}  // namespace
+
+TEST(Prompt, GivesTheAnswerAsTypedAndNothingForCancel) {
+    frmTernlow form;
+    WhenOpen<QInputDialog>([](QInputDialog& box) {
+        EXPECT_EQ(box.windowTitle(), "Get difcon");
+        EXPECT_EQ(box.labelText(), "Type <b>it</b>");
+        for (const QLabel* label : box.findChildren<QLabel*>()) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        }
+        EXPECT_EQ(box.textValue(), "0.3");
+        EXPECT_EQ(box.pos(), box.screen()->geometry().topLeft() + QPoint(200, 200));
+        QTest::keyClicks(box.findChild<QLineEdit*>(), " 0.25 ");
+        box.accept();
+    });
+    EXPECT_EQ(Prompt(form.controls, "Type <b>it</b>", "Get difcon", "0.3"), " 0.25 ");
+    WhenOpen<QInputDialog>([](QInputDialog& box) { box.reject(); });
+    EXPECT_EQ(Prompt(form.controls, "Type it", "Title", "kept", PromptPlace::Centred), "");
+}
+
+TEST(Prompt, HoldsTheTicksWhileABoxIsOpen) {
+    frmTernlow form;
+    int ticks = 0;
+    QObject::connect(form.controls.tmrMetronome, &QTimer::timeout, [&] { ++ticks; });
+    form.controls.tmrMetronome->setInterval(1);
+    WhenOpen<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        ticks = 0;
+        QTest::qWait(30);
+        EXPECT_EQ(ticks, 0);
+        box.accept();
+    });
+    ShowMessage(form.controls, "one\r\ntwo");
+    {
+        const TickHold outer(form.controls);
+        { const TickHold inner(form.controls); }
+        QTest::qWait(30);
+        EXPECT_EQ(ticks, 0) << "the outer hold still holds";
+    }
+    QTRY_VERIFY(ticks > 0);
+}
+
+TEST(CommonDialog, NamesFilesToWrite) {
+    const QTemporaryDir folder;
+    frmTernlow form;
+    CommonDialog& dialog = *form.controls.CommonDialog1;
+    const QString path = folder.filePath("shock");
+    const struct {
+        int filterIndex;
+        QString typed;
+        QString chosen;
+    } rows[] = {{2, path, path + ".txt"}, {2, path + ".dat", path + ".dat"}, {1, path, path}};
+    for (const auto& row : rows) {
+        dialog.Filter = Filters;
+        dialog.FilterIndex = row.filterIndex;
+        NameFile(row.typed);
+        dialog.Save();
+        EXPECT_EQ(dialog.FileName, row.chosen);
+    }
+    WhenOpen<QFileDialog>([&](QFileDialog& box) {
+        EXPECT_EQ(box.directory().path().toStdString(), folder.path().toStdString())
+            << "where the user was last";
+        box.reject();
+    });
+    dialog.Save();
+    EXPECT_EQ(dialog.FileName, "") << "cancelled";
+}
+
+TEST(CommonDialog, NamesFilesToRead) {
+    const QTemporaryDir folder;
+    for (const char* name : {"plain", "text.txt"}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    frmTernlow form;
+    CommonDialog& dialog = *form.controls.CommonDialog1;
+    dialog.Filter = Filters;
+    dialog.FilterIndex = 1;
+    NameFile(folder.filePath("plain"));
+    dialog.Open();
+    EXPECT_EQ(dialog.FileName, folder.filePath("plain"));
+
+    WhenOpen<QFileDialog>([](QFileDialog& box) {
+        const auto* filters = box.findChild<QComboBox*>("fileTypeCombo");
+        EXPECT_EQ(filters->itemText(0), "All Files (*.*)");
+        EXPECT_EQ(filters->itemText(1), "Text Files (*.txt)");
+        EXPECT_EQ(filters->currentIndex(), 0);
+        box.reject();
+    });
+    dialog.Open();
+}

@@ -1,0 +1,240 @@
+#include "display/surface.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace {
+
+const PanelScale Scale;
+const QRect PlotTwips(0, 0, 6800, 2895);
+constexpr float Infinite = std::numeric_limits<float>::infinity();
+const float NotANumber = std::nanf("");
+
+// A plot of the panel, in twips.
+class Plot : public Surface {
+public:
+    Plot() : Surface(Scale, Scale.TwipsPerPixel()) { Place(PlotTwips); }
+
+    // The smallest rectangle in logical pixels around all that is black.
+    QRectF Black() {
+        const QImage image = Image().convertToFormat(QImage::Format_RGB32);
+        QRect bounds;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) == 0xFF000000) bounds |= QRect(x, y, 1, 1);
+            }
+        }
+        const double ratio = devicePixelRatioF();
+        return {QPointF(bounds.topLeft()) / ratio, QSizeF(bounds.size()) / ratio};
+    }
+};
+
+// At several device pixels to a logical one, an edge may lie nearer to its true place.
+void ExpectBlack(Plot& plot, const QRectF& expected, const std::string& what) {
+    const QRectF black = plot.Black();
+    const double tolerance = plot.devicePixelRatioF() > 1.0 ? 0.75 : 0.0;
+    EXPECT_NEAR(black.left(), expected.left(), tolerance) << what;
+    EXPECT_NEAR(black.top(), expected.top(), tolerance) << what;
+    EXPECT_NEAR(black.right(), expected.right(), tolerance) << what;
+    EXPECT_NEAR(black.bottom(), expected.bottom(), tolerance) << what;
+}
+
+// Joints are drawn in their own manner, so single pixels of two curves may differ.
+int DifferingPixels(const QImage& a, const QImage& b) {
+    int differing = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) differing += a.pixel(x, y) != b.pixel(x, y);
+    }
+    return differing;
+}
+
+}  // namespace
+
+// Every line is a whole pixel thick, and one along an edge of the surface is seen.
+TEST(Surface, PutsLinesOnWholePixels) {
+    Plot plot;
+    const float w = plot.ScaleWidth();
+    const float h = plot.ScaleHeight();
+    EXPECT_EQ(w, 453 * 15);
+    EXPECT_EQ(h, 193 * 15);
+    const struct {
+        float x1, y1, x2, y2;
+        QRectF black;
+    } rows[] = {
+        {0, 0, w, 0, {0, 0, 453, 1}},
+        {0, h, w, h, {0, 192, 453, 1}},
+        {0, 0, 0, h, {0, 0, 1, 193}},
+        {w, 0, w, h, {452, 0, 1, 193}},
+        {0, h / 2, w, h / 2, {0, 96, 453, 1}},
+        {w / 2, 0, w / 2, h, {226, 0, 1, 193}},
+        {0, 1500, 9e9F, 1500, {0, 99, 453, 1}},
+        {-3e38F, 1500, 3e38F, 1500, {0, 99, 453, 1}},
+        {1500, -9e9F, 1500, h, {100, 0, 1, 193}},
+    };
+    for (const auto& row : rows) {
+        plot.Cls();
+        plot.LineFrom(row.x1, row.y1, row.x2, row.y2);
+        ExpectBlack(plot, row.black, std::to_string(row.x1) + " " + std::to_string(row.y1));
+    }
+}
+
+TEST(Surface, DrawsTheSameCurveByLineFromAsByLineOn) {
+    Plot one;
+    Plot other;
+    float x = 0;
+    float y = 0;
+    for (int i = 1; i < 400; ++i) {
+        const float nextX = static_cast<float>(i) * 17;
+        const float nextY = 1450 + 1400 * std::sin(static_cast<float>(i * i));
+        one.LineFrom(x, y, nextX, nextY);
+        other.LineOn(nextX, nextY);  // the current point is 0, 0 to begin with
+        x = nextX;
+        y = nextY;
+    }
+    const QImage whole = other.Image();
+    EXPECT_LE(DifferingPixels(one.Image(), whole), whole.width() * whole.height() / 200);
+
+    other.Cls();
+    other.LineOn(1500, 1500);
+    EXPECT_EQ(other.Black().topLeft(), QPointF(0, 0)) << "Cls returns the current point";
+    EXPECT_NE(other.Image(), whole);
+}
+
+// Looking in between, or drawing more than the list holds, changes nothing.
+TEST(Surface, LooksTheSameHoweverOftenItIsLookedAt) {
+    Plot looked;
+    Plot unseen;
+    for (int i = 0; i < 50000; ++i) {
+        const auto x = static_cast<float>((i * 37) % 6800);
+        const auto y = static_cast<float>((i * 91) % 2895);
+        for (Surface* surface : {static_cast<Surface*>(&looked), static_cast<Surface*>(&unseen)}) {
+            if (i % 100 == 99) {
+                surface->LineOn(x, y);
+            } else {
+                surface->LineFrom(x, y, x + 30, y);
+            }
+        }
+        if (i % 1000 == 0) looked.Image();
+    }
+    EXPECT_EQ(looked.Image(), unseen.Image());
+    EXPECT_EQ(looked.grab().toImage().convertToFormat(QImage::Format_RGB32), unseen.Image());
+}
+
+TEST(Surface, KeepsWhatWasDrawnWhenItsSizeChanges) {
+    Plot plot;
+    plot.LineFrom(0, 0, 3000, 2000);
+    plot.BoxFilled(1000, 1000, 100, 100);
+    const QImage before = plot.Image();
+    plot.Place(QRect(0, 0, 14600, 6615));
+    EXPECT_NE(plot.Image().size(), before.size());
+    plot.Place(PlotTwips);
+    EXPECT_EQ(plot.Image(), before);
+}
+
+TEST(Surface, IgnoresWhatIsNotANumberAndDrawsOn) {
+    Plot plot;
+    plot.LineFrom(0, 1500, NotANumber, 0);
+    plot.LineOn(Infinite, 1500);
+    plot.LineOn(1500, 1500);
+    plot.BoxFilled(NotANumber, 0, 100, 100);
+    plot.BoxOutline(0, 0, Infinite, 100);
+    EXPECT_TRUE(plot.Black().isEmpty());
+    plot.LineOn(3000, 1500);
+    ExpectBlack(plot, QRectF(100, 99, 101, 1), "drawing goes on");
+}
+
+// A steep line keeps its place where it is seen, however far off its end lies.
+TEST(Surface, CutsLinesWithoutMovingThem) {
+    for (const float far : {1e4F, 1e6F, 1e9F, 1e30F}) {
+        Plot plot;
+        plot.LineFrom(0, 0, far, far / 2);
+        const QImage image = plot.Image();
+        const double ratio = plot.devicePixelRatioF();
+        int black = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) != 0xFF000000) continue;
+                ++black;
+                ASSERT_LE(std::abs(y - x / 2.0), 1.5 * ratio) << x << " " << y << " to " << far;
+            }
+        }
+        EXPECT_GE(black, 380 * ratio * ratio) << far;
+    }
+}
+
+TEST(Surface, DrawsBoxesByTheirCorners) {
+    Plot plot;
+    const struct {
+        float x, y, w, h;
+        QRectF black;
+    } rows[] = {{1500, 1500, 150, 150, {100, 99, 11, 11}},
+                {1650, 1650, -150, -150, {100, 99, 11, 11}},
+                {-3e38F, -50, 3e38F, 100, {0, 0, 1, 4}},
+                {-100, -100, 1e9F, 1e9F, {0, 0, 453, 193}}};
+    for (const auto& row : rows) {
+        plot.Cls();
+        plot.BoxFilled(row.x, row.y, row.w, row.h);
+        ExpectBlack(plot, row.black, std::to_string(row.x));
+    }
+    plot.Cls();
+    plot.BoxOutline(1500, 1500, 150, 150);
+    ExpectBlack(plot, QRectF(100, 99, 11, 11), "outline");
+    const double ratio = plot.devicePixelRatioF();
+    const QPoint middle = (QPointF(105.5, 104.5) * ratio).toPoint();
+    EXPECT_EQ(plot.Image().pixel(middle), 0xFFFFFFFF) << "an outline is hollow";
+}
+
+// The gray levels reach the screen as they are, each one logical pixel large.
+TEST(Surface, ShowsAGrayPictureUnsmoothed) {
+    Surface surface(Scale, 1.0);
+    surface.resize(40, 20);
+    QImage gray(40, 20, QImage::Format_Grayscale8);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 40; ++x)
+            gray.scanLine(y)[x] = static_cast<uchar>((x * 53 + y * 31) % 256);
+    }
+    const QImage drawn = gray.copy();
+    surface.ShowGray(gray);
+    gray.fill(0);  // a copy was shown
+    const QImage image = surface.Image();
+    const double ratio = surface.devicePixelRatioF();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QPoint level(static_cast<int>(x / ratio), static_cast<int>(y / ratio));
+            ASSERT_EQ(image.pixel(x, y), drawn.pixel(level)) << x << " " << y;
+        }
+    }
+}
+
+TEST(Surface, TellsPressesClicksAndDoubleClicksInOrder) {
+    Plot plot;
+    std::string events;
+    float pressX = 0;
+    float pressY = 0;
+    plot.Pressed = [&](float x, float y) {
+        events += "press ";
+        pressX = x;
+        pressY = y;
+    };
+    plot.Clicked = [&] { events += "click "; };
+    plot.DoubleClicked = [&] { events += "double "; };
+
+    const QPoint place(100, 50);
+    QTest::mousePress(&plot, Qt::LeftButton, {}, place);
+    QTest::mouseRelease(&plot, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(&plot, Qt::LeftButton, {}, place);
+    QTest::mouseRelease(&plot, Qt::LeftButton, {}, place);
+    EXPECT_EQ(events, "press click double ");
+    EXPECT_EQ(pressX, 1500.0F);
+    EXPECT_EQ(pressY, 750.0F);
+
+    events.clear();
+    QTest::mousePress(&plot, Qt::LeftButton, {}, place);
+    QTest::mouseRelease(&plot, Qt::LeftButton, {}, QPoint(-5, 50));
+    QTest::mouseClick(&plot, Qt::RightButton, {}, place);
+    EXPECT_EQ(events, "press press ") << "neither a release outside nor another button clicks";
+}

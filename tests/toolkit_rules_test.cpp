@@ -1,0 +1,190 @@
+// The rules of the toolkit on which the handlers rely, and those that the controls add.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QWheelEvent>
+#include <string>
+#include <vector>
+
+#include "display/control_values.h"
+#include "panel/choice_list.h"
+#include "panel/panel_scroll_bar.h"
+
+namespace {
+
+void TurnWheel(QWidget& control, int eighthsOfADegree) {
+    const QPointF place = control.rect().center();
+    QWheelEvent event(place, place, {}, QPoint(0, eighthsOfADegree), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control, &event);
+}
+
+// A control has the focus only in a window that is shown.
+void GiveFocus(QWidget& control) {
+    control.window()->show();
+    control.window()->activateWindow();
+    control.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(control.window()));
+    ASSERT_TRUE(control.hasFocus());
+}
+
+}  // namespace
+
+TEST(TextBoxRule, AChangeRunsTheHandlerNestedAndNoChangeRunsNothing) {
+    QLineEdit box;
+    std::vector<QString> seen;
+    int depth = 0;
+    int deepest = 0;
+    QObject::connect(&box, &QLineEdit::textChanged, [&] {
+        deepest = std::max(deepest, ++depth);
+        seen.push_back(box.text());
+        if (box.text() == "2500") PutText(&box, "2000");  // as a limit does
+        --depth;
+    });
+    PutText(&box, "5");
+    EXPECT_EQ(seen, std::vector<QString>({"5"})) << "before the put returns";
+    PutText(&box, "5");
+    EXPECT_EQ(seen.size(), 1U);
+
+    seen.clear();
+    PutText(&box, "2500");
+    EXPECT_EQ(seen, std::vector<QString>({"2500", "2000"}));
+    EXPECT_EQ(deepest, 2);
+    EXPECT_EQ(TextOf(&box), "2000");
+
+    seen.clear();
+    box.clear();
+    QTest::keyClicks(&box, "0.5");
+    EXPECT_EQ(seen, std::vector<QString>({"", "0", "0.", "0.5"})) << "once a character";
+    seen.clear();
+    QApplication::clipboard()->setText("1.25");
+    box.selectAll();
+    box.paste();
+    EXPECT_EQ(seen, std::vector<QString>({"1.25"})) << "once a paste";
+}
+
+TEST(ScrollBarRule, AValueIsHeldWithinTheRangeAndRunsTheHandlerOnAChange) {
+    PanelScrollBar bar(Qt::Horizontal);
+    std::vector<int> seen;
+    QObject::connect(&bar, &QScrollBar::valueChanged, [&](int value) { seen.push_back(value); });
+    PutBarRange(&bar, 1, 400);
+    EXPECT_EQ(seen, std::vector<int>({1})) << "0 was below the range";
+    PutBarValue(&bar, 400);
+    PutBarValue(&bar, 400);
+    PutBarValue(&bar, 4000);
+    EXPECT_EQ(seen, std::vector<int>({1, 400}));
+    PutBarRange(&bar, 1, 6);
+    EXPECT_EQ(seen, std::vector<int>({1, 400, 6}));
+
+    PutBarRange(&bar, -100000, 100000);
+    EXPECT_EQ(bar.minimum(), -32768);
+    EXPECT_EQ(bar.maximum(), 32767);
+    PutBarValue(&bar, -100000);
+    EXPECT_EQ(bar.value(), -32768);
+}
+
+TEST(ScrollBarRule, ADragTellsEachValueOnceWithTheThumbDown) {
+    PanelScrollBar bar(Qt::Horizontal);
+    bar.resize(205, 25);
+    PutBarRange(&bar, -10000, 10000);
+    int dragged = 0;
+    int put = 0;
+    QObject::connect(&bar, &QScrollBar::valueChanged,
+                     [&] { ++(bar.isSliderDown() ? dragged : put); });
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.orientation = Qt::Horizontal;
+    option.minimum = bar.minimum();
+    option.maximum = bar.maximum();
+    option.sliderPosition = bar.sliderPosition();
+    option.pageStep = bar.pageStep();
+    const QPoint thumb =
+        bar.style()
+            ->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar)
+            .center();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, thumb);
+    QTest::mouseMove(&bar, thumb + QPoint(10, 0));
+    QTest::mouseMove(&bar, thumb + QPoint(20, 0));
+    EXPECT_EQ(dragged, 2);
+    const int value = bar.value();
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, thumb + QPoint(20, 0));
+    EXPECT_EQ(bar.value(), value);
+    EXPECT_EQ(dragged + put, 2) << "the release tells nothing";
+    PutBarValue(&bar, 17);
+    EXPECT_EQ(put, 1);
+}
+
+TEST(ScrollBarRule, TheWheelNeedsTheFocusAndKeysWork) {
+    QWidget window;
+    PanelScrollBar bar(Qt::Horizontal, &window);
+    QPushButton other(&window);
+    PutBarRange(&bar, 0, 100);
+    GiveFocus(other);
+    TurnWheel(bar, -120);
+    EXPECT_EQ(bar.value(), 0);
+    const QImage unfocused = bar.grab().toImage();
+    GiveFocus(bar);
+    EXPECT_NE(bar.grab().toImage(), unfocused) << "the focus is seen";
+    TurnWheel(bar, -120);
+    EXPECT_GT(bar.value(), 0);
+    QTest::keyClick(&bar, Qt::Key_End);
+    EXPECT_EQ(bar.value(), 100);
+}
+
+TEST(ListRule, EveryChoiceRunsTheHandlerOnce) {
+    QWidget window;
+    ChoiceList list(&window);
+    list.resize(161, 200);
+    list.addItems({"Density", "Pressure", "Velocity"});
+    std::string chosen;
+    list.Chosen = [&] { chosen += TextOf(&list) + " "; };
+    const auto click = [&](int row) {
+        const QPoint place = list.visualItemRect(list.item(row)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
+    };
+    EXPECT_EQ(TextOf(&list), "");
+    PutListText(&list, "Density");
+    PutListText(&list, "Density");
+    PutListText(&list, "density");
+    EXPECT_EQ(chosen, "Density Density ");
+    chosen.clear();
+    click(1);
+    click(1);
+    click(2);
+    EXPECT_EQ(chosen, "Pressure Pressure Velocity ");
+
+    chosen.clear();
+    GiveFocus(list);
+    QTest::keyClick(&list, Qt::Key_Up);
+    TurnWheel(*list.viewport(), 120);
+    EXPECT_EQ(chosen, "Pressure Density ");
+
+    // A handler may put another row, and so choose once more, while the button is down.
+    chosen.clear();
+    list.Chosen = [&] {
+        chosen += TextOf(&list) + " ";
+        if (TextOf(&list) == "Velocity") PutListText(&list, "Density");
+    };
+    click(2);
+    EXPECT_EQ(chosen, "Velocity Density ");
+    EXPECT_EQ(TextOf(&list), "Density");
+}
+
+TEST(CaptionRule, CaptionsAreTakenAsTheyAre) {
+    QLabel label;
+    label.setTextFormat(Qt::PlainText);
+    QPushButton button;
+    PutCaption(&label, "one\r\ntwo & <b>three</b>");
+    PutCaption(&button, "A&B");
+    EXPECT_EQ(label.text(), "one\r\ntwo & <b>three</b>");
+    EXPECT_EQ(button.text(), "A&B");
+    EXPECT_TRUE(button.shortcut().isEmpty());
+    EXPECT_EQ(button.accessibleName(), "A&B");
+}

@@ -1,0 +1,16 @@
+// Runs the tests of the window on real widgets without a screen.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <clocale>
+
+#include "panel/look.h"
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    UseFixedLook();
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
