@@ -8,6 +8,9 @@
 PanelScrollBar::PanelScrollBar(Qt::Orientation orientation, QWidget* parent)
     : QScrollBar(orientation, parent) {
     setFocusPolicy(Qt::StrongFocus);
+    // The toolkit's bars take keys and wheel the way a page scrolls: right for the vertical one,
+    // but a horizontal bar here is a value, and its right arrow key means more.
+    setInvertedControls(orientation == Qt::Vertical);
 }
 
 void PanelScrollBar::paintEvent(QPaintEvent* event) {

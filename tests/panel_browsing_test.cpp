@@ -1,0 +1,195 @@
+// Stored states, picked cells and the space-time picture, worked through the widgets.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTest>
+
+#include "display/surface.h"
+#include "panel/main_window.h"
+#include "panel_driver.h"
+
+namespace {
+
+class PanelBrowsing : public testing::Test {
+protected:
+    void RunTest1() {
+        panel.Press("cmdTest1");
+        panel.Press("cmdBegin");
+        ASSERT_TRUE(panel.RunToEnd());
+    }
+
+    // The stored density of a cell.
+    double Stored(int s, int i) { return state.SRho[(state.NGridCells + 2) * s + i]; }
+
+    static void PressAt(Surface* surface, double partX, double partY) {
+        const QPoint place(qRound(partX * (surface->width() - 1)),
+                           qRound(partY * (surface->height() - 1)));
+        QTest::mousePress(surface, Qt::LeftButton, {}, place);
+        QTest::mouseRelease(surface, Qt::LeftButton, {}, place);
+    }
+
+    void ChooseGray(int row) {
+        QListWidget* list = controls.lstGrayVariable;
+        list->scrollToItem(list->item(row));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->item(row)).center());
+    }
+
+    Panel panel;
+    ExperimentState& state = panel.Form().state;
+    const Controls& controls = panel.Form().controls;
+};
+
+}  // namespace
+
+TEST_F(PanelBrowsing, ShowsStoredStatesByBarAndByBox) {
+    RunTest1();
+    const double end = state.Time;
+    controls.vsbStoredStateNumber->setValue(20);
+    EXPECT_EQ(state.StoredStateNumber, 20);
+    EXPECT_EQ(controls.txtStoredStateNumber->text(), "20");
+    EXPECT_EQ(controls.txtTime->text(), "t=" + QString::number(state.StoredT[20], 'f', 5));
+    EXPECT_EQ(state.Rho[150], Stored(20, 150));
+    EXPECT_EQ(state.Time, end) << "the run's own time stays";
+    controls.vsbStoredStateNumber->setSliderDown(true);
+    controls.vsbStoredStateNumber->setSliderPosition(33);
+    EXPECT_EQ(state.Rho[150], Stored(33, 150)) << "the plots follow the thumb";
+    controls.vsbStoredStateNumber->setSliderDown(false);
+
+    panel.Type("txtStoredStateNumber", "0");
+    EXPECT_EQ(controls.vsbStoredStateNumber->value(), 0);
+    EXPECT_EQ(controls.txtTime->text(), "t=0.") << "a typed number has the last word, in its form";
+    const double rho = state.Rho[150];
+    for (const char* refused : {"96", "100000", "-1", "", "x", "1e300"}) {
+        controls.txtStoredStateNumber->setText(refused);
+        EXPECT_EQ(state.StoredStateNumber, 0) << refused;
+        EXPECT_EQ(state.Rho[150], rho) << refused;
+    }
+}
+
+TEST_F(PanelBrowsing, NeverLoadsAStateThatWasNeverStored) {
+    RunTest1();
+    panel.Press("cmdTest7");  // a new problem under the counters of the old run
+    EXPECT_EQ(controls.vsbStoredStateNumber->maximum(), 96);
+    for (const int s : {1, 50, 96}) {
+        controls.vsbStoredStateNumber->setValue(s);
+        EXPECT_EQ(state.Rho[100], 1.4) << s;
+        EXPECT_GT(state.Rho[350], 0.0) << s;
+    }
+    PressAt(controls.pctSpaceTime, 0.5, 0.3);
+    EXPECT_EQ(state.Rho[100], 1.4);
+    panel.Press("cmdContinue");
+    EXPECT_EQ(state.Rho[100], 1.4);
+}
+
+TEST_F(PanelBrowsing, DoesNotMoveWhileARunGoes) {
+    panel.Press("cmdTest1");
+    panel.Press("cmdBegin");
+    panel.Tick(5);
+    const double rho = state.Rho[150];
+    const int last = state.StoredStateNumber;
+    controls.vsbStoredStateNumber->setValue(1);
+    controls.txtStoredStateNumber->setText("2");
+    PressAt(controls.pctSpaceTime, 0.5, 0.5);
+    EXPECT_EQ(state.Rho[150], rho);
+    EXPECT_EQ(state.StoredStateNumber, last);
+}
+
+TEST_F(PanelBrowsing, PicksACellInAPlotAtAnyTime) {
+    const struct {
+        double part;
+        int cell;
+    } rows[] = {{0.0, 1}, {1.0, 400}, {0.5, 200}};
+    for (const bool running : {false, true}) {
+        if (running) {
+            panel.Press("cmdBegin");
+            panel.Tick(2);
+        }
+        for (Surface* plot :
+             {controls.pctDensityPlot, controls.pctPressurePlot, controls.pctVelocityPlot}) {
+            for (const auto& row : rows) {
+                PressAt(plot, row.part, 0.9);
+                EXPECT_NEAR(state.MSelected, row.cell, 1) << row.part;
+                EXPECT_GE(state.MSelected, 1);
+                EXPECT_LE(state.MSelected, 400);
+                EXPECT_EQ(controls.txtMSelected->text().toInt(), state.MSelected);
+            }
+        }
+    }
+}
+
+TEST_F(PanelBrowsing, PicksAStoredStateInThePicture) {
+    RunTest1();
+    const struct {
+        double partX, partY;
+        int state, cell;
+    } rows[] = {{0.0, 1.0, 1, 1},     // the bottom pixel is above state 0 by half a state
+                {0.5, 0.0, 95, 200},  // the top half row is limited to the last state
+                {1.0, 0.5, 48, 400}};
+    for (const auto& row : rows) {
+        PressAt(controls.pctSpaceTime, row.partX, row.partY);
+        EXPECT_NEAR(state.StoredStateNumber, row.state, 1);
+        EXPECT_LE(state.StoredStateNumber, 95);
+        EXPECT_NEAR(state.MSelected, row.cell, 1);
+        EXPECT_EQ(controls.vsbStoredStateNumber->value(), state.StoredStateNumber);
+        EXPECT_EQ(state.Rho[150], Stored(state.StoredStateNumber, 150));
+    }
+}
+
+TEST_F(PanelBrowsing, ShowsThePictureSmallAndBig) {
+    RunTest1();
+    QTest::mouseDClick(controls.pctSpaceTime, Qt::LeftButton);
+    EXPECT_EQ(state.SpaceTimeBig, 1);
+    EXPECT_EQ(controls.pctSpaceTime->geometry(), QRect(8, 168, 973, 441));
+    EXPECT_TRUE(controls.txtDensityMin->isHidden() && controls.txtPressureMax->isHidden());
+    EXPECT_EQ(controls.lblVelocityPlot->text(), "Density");
+    EXPECT_EQ(controls.txtVelocityMin->text(), "0.125");
+    ChooseGray(1);
+    EXPECT_EQ(controls.lblVelocityPlot->text(), "Pressure");
+    EXPECT_EQ(controls.txtVelocityMin->text(), "0.1");
+    EXPECT_EQ(controls.txtVelocityMax->text(), "1.0");
+
+    QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton);
+    EXPECT_EQ(state.SpaceTimeBig, 0);
+    EXPECT_EQ(controls.pctSpaceTime->geometry(), QRect(528, 416, 453, 193));
+    EXPECT_FALSE(controls.txtDensityMin->isHidden() || controls.txtPressureMax->isHidden());
+    EXPECT_EQ(controls.lblVelocityPlot->text(), "Velocity");
+    EXPECT_EQ(controls.txtVelocityMin->text(), "-0.825");
+}
+
+TEST_F(PanelBrowsing, PaintsEveryVariableByItsOwnTable) {
+    RunTest1();
+    std::vector<QImage> pictures;
+    for (int row = 0; row < 8; ++row) {
+        ChooseGray(row);
+        pictures.push_back(controls.pctSpaceTime->Image().copy());
+    }
+    for (std::size_t a = 0; a < pictures.size(); ++a) {
+        for (std::size_t b = 0; b < a; ++b) EXPECT_NE(pictures[a], pictures[b]) << a << ", " << b;
+    }
+    // State 0 is the bottom row, and lighter is more: high density left of the jump.
+    const QImage& density = pictures[0];
+    EXPECT_EQ(qGray(density.pixel(10, 192)), 250);
+    EXPECT_EQ(qGray(density.pixel(440, 192)), 5);
+    // Nothing is left white once the picture has been painted.
+    EXPECT_LT(qGray(density.pixel(440, 0)), 100);
+}
+
+TEST_F(PanelBrowsing, HasNoSmokeUnderPlover) {
+    state.SchemeName = "Plover";
+    RunTest1();
+    ChooseGray(7);
+    EXPECT_EQ(controls.lstGrayVariable->currentItem()->text(), "Density");
+}
+
+TEST_F(PanelBrowsing, LeavesThePictureAloneBeforeTwoStatesAreStored) {
+    RunTest1();
+    const QImage picture = controls.pctSpaceTime->Image().copy();
+    panel.Press("cmdRestart");
+    ChooseGray(2);
+    PressAt(controls.pctSpaceTime, 0.5, 0.5);
+    EXPECT_EQ(controls.pctSpaceTime->Image(), picture);
+}

@@ -1,0 +1,277 @@
+// Problems set up on the panel: at start-up, by hand, as sound waves, on another grid, by prompts.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <cmath>
+#include <deque>
+#include <functional>
+
+#include "display/surface.h"
+#include "panel/main_window.h"
+#include "panel_driver.h"
+
+namespace {
+
+class PanelSetUp : public testing::Test {
+protected:
+    QString Text(const char* box) { return panel.Form().findChild<QLineEdit*>(box)->text(); }
+
+    void Enter(int cell, const char* rho, const char* p, const char* u) {
+        panel.Type("txtMSelected", QString::number(cell));
+        panel.Type("txtDensity", rho);
+        panel.Type("txtPressure", p);
+        panel.Type("txtVelocity", u);
+        panel.Press("cmdSelect");
+    }
+
+    Panel panel;
+    ExperimentState& state = panel.Form().state;
+    const Controls& controls = panel.Form().controls;
+};
+
+}  // namespace
+
+TEST_F(PanelSetUp, ComesUpWithTheBlastWaves) {
+    EXPECT_EQ(state.Stopped, 1);
+    EXPECT_EQ(state.NStored, 0);
+    EXPECT_EQ(state.MSelected, 400);
+    EXPECT_NEAR(state.PeriodTime, 0.0267261, 5e-8);
+    EXPECT_NEAR(state.TStop, 0.0400892, 5e-8);
+    EXPECT_NEAR(state.PlotInterval, 6.68153e-05, 5e-11);
+    EXPECT_EQ(state.P[40], 1000.0);
+    EXPECT_EQ(state.P[41], 0.01);
+    EXPECT_EQ(state.P[360], 0.01);
+    EXPECT_EQ(state.P[361], 100.0);
+    EXPECT_DOUBLE_EQ(state.PMin, -49.9895);
+    EXPECT_DOUBLE_EQ(state.PMax, 1049.9995);
+    EXPECT_NEAR(state.VXMax, 1.870829, 5e-7);
+    const struct {
+        const char* box;
+        const char* text;
+    } boxes[] = {{"txtNGridCells", "400"},       {"txtMSelected", "400"},
+                 {"txtNPeriods", "1.5"},         {"txtMSec", "5"},
+                 {"txtNPlotsPerPeriod", "400"},  {"txtTime", "t=0.0"},
+                 {"txtDensityMin", "0.95"},      {"txtPressureMax", "1049.9995"},
+                 {"txtVelocityMin", "-1.87083"}, {"txtCourantNumber", "0.85"}};
+    for (const auto& box : boxes) EXPECT_EQ(Text(box.box), box.text) << box.box;
+    EXPECT_EQ(state.StudentName, "Jane Q. Student");
+    EXPECT_TRUE(controls.lblStudentID->text().startsWith("RhoL = 1.0,     PL = 1000.0,"));
+    EXPECT_EQ(controls.hsbMSelected->maximum(), 400);
+    EXPECT_EQ(controls.hsbMSelected->pageStep(), 16);
+}
+
+TEST_F(PanelSetUp, DrawsAProblemByHand) {
+    panel.Press("cmdReset");
+    EXPECT_EQ(state.NSelected, 2);
+    EXPECT_EQ(Text("txtMSelected"), "40") << "the former entry 2 went last";
+    EXPECT_NEAR(state.P[200], 1000.0 - 900.0 * 199.0 / 399.0, 1e-9) << "one ramp is left";
+
+    Enter(100, "2", "50.5", "-1.25");
+    EXPECT_EQ(state.NSelected, 3);
+    EXPECT_EQ(state.Rho[100], 2.0);
+    EXPECT_EQ(state.Ux[100], -1.25);
+    EXPECT_NEAR(state.Rho[50], 1.0 + 49.0 / 99.0, 1e-12);
+    EXPECT_EQ(Text("txtPressure"), "50.5000") << "the paints write last";
+    Enter(100, "3", "50.5", "0");  // once more: taken off and put on anew
+    EXPECT_EQ(state.NSelected, 3);
+    EXPECT_EQ(state.Rho[100], 3.0);
+
+    // Nothing is divided by zero, whatever the boxes hold.
+    Enter(200, "0", "-7", "x");
+    EXPECT_GT(state.Rho[200], 0.0);
+    EXPECT_EQ(state.P[200], 1e-8);
+    EXPECT_TRUE(std::isfinite(state.DTime) && state.DTime > 0.0);
+
+    panel.Type("txtMSelected", "100");
+    panel.Press("cmdDeselect");
+    EXPECT_EQ(state.NSelected, 3);
+    for (int k = 0; k < 5; ++k) {  // also off an empty list
+        panel.Type("txtMSelected", QString::number(state.MSelList[1]));
+        panel.Press("cmdDeselect");
+    }
+    EXPECT_EQ(state.NSelected, 0);
+    Enter(400, "1", "1", "0");
+    EXPECT_EQ(state.NSelected, 2);
+    EXPECT_EQ(state.P[0], 1.0);
+}
+
+TEST_F(PanelSetUp, ChangesTheGrid) {
+    const struct {
+        const char* text;
+        int cells, leftJump, rightJump;  // last cells before the jumps
+        const char* shown;
+    } rows[] = {{"800", 800, 80, 720, "800"},
+                {"5", 800, 80, 720, "5"},
+                {"400.5", 400, 40, 360, "400"},     // a half goes to the even number
+                {"6000", 5001, 501, 4501, "5001"},  // both sides of a jump fall into one cell
+                {"abc", 5001, 501, 4501, "abc"},
+                {"20", 20, 3, 18, "20"},
+                {"6", 6, 2, 4, "6"}};
+    for (const auto& row : rows) {
+        controls.txtNGridCells->setText(row.text);
+        EXPECT_EQ(state.NGridCells, row.cells) << row.text;
+        EXPECT_EQ(Text("txtNGridCells"), row.shown);
+        EXPECT_EQ(state.NSelected, 6);
+        EXPECT_EQ(controls.hsbMSelected->maximum(), row.cells);
+        EXPECT_EQ(controls.hsbMSelected->pageStep(), std::max(1, qRound(row.cells / 25.0)));
+        EXPECT_EQ(state.X[row.cells + 1], 1.0);
+        EXPECT_EQ(state.P[row.leftJump], 1000.0) << row.text;
+        EXPECT_EQ(state.P[row.leftJump + 1], 0.01) << row.text;
+        EXPECT_EQ(state.P[row.rightJump], 0.01) << row.text;
+        EXPECT_EQ(state.P[row.rightJump + 1], 100.0) << row.text;
+    }
+}
+
+// Every accepted prefix rebuilds: 1 is none, 10, 100 and 1000 are. On 10 cells both sides of the
+// jump at 0.1 fall into cell 1 or beside it, so the jump moves to 0.2 and stays there.
+TEST_F(PanelSetUp, ChangesTheGridKeyByKey) {
+    panel.Type("txtNGridCells", "1000");
+    EXPECT_EQ(state.NGridCells, 1000);
+    EXPECT_EQ(Text("txtNGridCells"), "1000");
+    EXPECT_EQ(state.NSelected, 6);
+    EXPECT_EQ(state.P[110], 1000.0);
+    EXPECT_NEAR(state.P[160], 500.005, 1e-6);
+    EXPECT_EQ(state.P[210], 0.01);
+    panel.Press("cmdBegin");
+    panel.Type("txtNGridCells", "7");
+    EXPECT_EQ(Text("txtNGridCells"), "1000");
+}
+
+TEST_F(PanelSetUp, KeepsShortListsInsideAShrunkenGrid) {
+    panel.Press("cmdReset");
+    controls.txtNGridCells->setText("10");
+    EXPECT_EQ(state.MSelList[1], 1);
+    EXPECT_EQ(state.MSelList[2], 10);
+    EXPECT_EQ(state.MSelList[3], 11);
+    EXPECT_LE(state.MSelected, 10);
+}
+
+TEST_F(PanelSetUp, SetsUpSoundWaves) {
+    const BoxAnswers answers({"0.01", "2", std::nullopt, "0", "0.005", "none", "-1"});
+    panel.Press("cmdSoundWave");
+    ASSERT_EQ(answers.Seen().size(), 7u);
+    EXPECT_EQ(answers.Seen()[1].Title, "Get R+ Frequency");
+    EXPECT_EQ(answers.Seen()[1].Message,
+              "Type the frequency of the R+ Riemann invariant  (1 = fundamental,  2 = first "
+              "harmonic, etc.):");
+    EXPECT_EQ(answers.Seen()[6].Default, "-1");
+    EXPECT_EQ(state.SoundWaveMode, 1);
+    EXPECT_EQ(state.RPlusFreq, 2);
+    EXPECT_EQ(state.RMinusAmp, 0.0) << "a cancelled prompt keeps the value";
+    EXPECT_EQ(state.RMinusFreq, 1) << "and so does a frequency of 0";
+    EXPECT_EQ(state.R0Freq, 1);
+    EXPECT_EQ(state.MnBdry, 4);
+    EXPECT_EQ(state.NSelected, 2);
+    EXPECT_EQ(controls.lblPressurePlot->text(), "P / (Rho^Gamma)");
+    EXPECT_EQ(state.TStop, 1.5);
+
+    panel.Press("cmdBegin");
+    ASSERT_TRUE(panel.RunToEnd());
+    EXPECT_GE(state.Time, 1.5);
+    EXPECT_GT(state.RMinusMax, state.RMinusMin);
+}
+
+TEST_F(PanelSetUp, LeavesTheProblemStandingWhereNoSuchWaveIsPossible) {
+    const double p = state.P[20];
+    const QString caption = controls.lblDensityPlot->text();
+    const BoxAnswers answers({"100"});
+    panel.Press("cmdSoundWave");
+    EXPECT_EQ(state.SoundWaveMode, 0);
+    EXPECT_EQ(state.MnBdry, 1);
+    EXPECT_EQ(state.RPlusAmp, 1.0);
+    EXPECT_EQ(state.P[20], p);
+    EXPECT_EQ(state.NSelected, 6);
+    EXPECT_EQ(controls.lblDensityPlot->text(), caption);
+}
+
+TEST_F(PanelSetUp, AsksForOptions) {
+    const struct {
+        const char* button;
+        std::deque<BoxAnswers::Answer> answers;
+        std::size_t boxes;
+        std::function<bool()> holds;
+    } rows[] = {
+        {"cmdBoundaryConditionType",
+         {"4"},
+         1,
+         [&] { return state.MnBdry == 4 && state.MxBdry == 4; }},
+        {"cmdBoundaryConditionType",
+         {"2", "7"},
+         2,
+         [&] { return state.MnBdry == 2 && state.MxBdry == 7; }},
+        {"cmdBoundaryConditionType",
+         {std::nullopt, "x"},
+         2,
+         [&] { return state.MnBdry == 2 && state.MxBdry == 7; }},
+        {"cmdNumericalScheme",
+         {"Heron32", "7"},
+         2,
+         [&] { return state.SchemeName == "Heron32" && state.MeterOn == 1; }},
+        {"cmdNumericalScheme",
+         {"kestrel", "Plover", "-3"},
+         3,
+         [&] { return state.SchemeName == "Plover" && state.MeterOn == 0; }},
+        {"cmdNumericalScheme",
+         {std::nullopt, std::nullopt},
+         2,
+         [&] { return state.SchemeName == "Plover" && state.MeterOn == 0; }},
+        {"cmdNumericalScheme", {"a", "b", "0"}, 3, [&] { return state.SchemeName == "b"; }},
+        {"cmdGetDiffConsts",
+         {"0.1", "", "2"},
+         3,
+         [&] { return state.difcon == 0.1 && state.shkjmp == 0.2 && state.wavhaf == 2.0; }},
+        {"cmdGetTitle",
+         {"Waves & <b>walls</b>"},
+         1,
+         [&] { return controls.lblStudentID->text() == "Waves & <b>walls</b>"; }},
+        {"cmdDocumentation", {}, 1, [&] { return true; }},
+    };
+    for (const auto& row : rows) {
+        const BoxAnswers answers(row.answers);
+        panel.Press(row.button);
+        EXPECT_EQ(answers.Seen().size(), row.boxes) << row.button;
+        EXPECT_TRUE(row.holds()) << row.button;
+    }
+    panel.Press("cmdTest1");
+    EXPECT_EQ(controls.lblStudentID->text(), "Waves & <b>walls</b>") << "a title stays";
+}
+
+TEST_F(PanelSetUp, MetersARunFromItsFirstStep) {
+    const BoxAnswers answers({"Kestrel32", "1"});
+    panel.Press("cmdNumericalScheme");
+    panel.Press("cmdTest1");
+    panel.Press("cmdBegin");
+    panel.Tick();
+    EXPECT_EQ(controls.cmdTest1->text(), "Mflop/s");
+    EXPECT_GT(controls.cmdTest2->text().toInt(), 0);
+    EXPECT_EQ(controls.cmdTest6->text(), "flops /");
+    EXPECT_EQ(controls.cmdTest7->text(), "cell =");
+    EXPECT_TRUE(controls.lblStudentID->text().startsWith(
+        "flops / cell = " + controls.cmdTest8->text() + ",    adds"));
+    EXPECT_GT(state.TotalMflop, 0.0);
+    panel.Press("cmdRestart");
+    EXPECT_EQ(state.TotalMflop + state.TotalSeconds, 0.0);
+    EXPECT_EQ(controls.cmdTest1->text(), "Mflop/s") << "the last figures stay";
+}
+
+TEST_F(PanelSetUp, LaysCurvesOverOneAnotherOnRequest) {
+    const auto ink = [&] {
+        const QImage& image = controls.pctPressurePlot->Image();
+        int black = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) black += qGray(image.pixel(x, y)) < 128;
+        }
+        return black;
+    };
+    panel.Type("txtMSelected", "100");
+    const int single = ink();
+    panel.Press("cmdMultiplePlots");
+    panel.Type("txtMSelected", "250");
+    const int laidOver = ink();
+    EXPECT_GT(laidOver, single) << "the old mark stays";
+    panel.Press("cmdSinglePlots");
+    EXPECT_LT(ink(), laidOver);
+}
