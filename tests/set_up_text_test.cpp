@@ -1,0 +1,334 @@
+#include "setup/set_up_text.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "model/experiment_state.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace {
+
+constexpr int MaxGridCells = 5001;
+
+struct Point {
+    int M;
+    double X, Rho, P, Vx;
+};
+
+void SetPoints(ExperimentState& state, const std::vector<Point>& points) {
+    const int last = state.NGridCells + 2;
+    state.NSelected = static_cast<int>(points.size()) - 2;
+    state.MSelList = OffsetArray<int>(0, last);
+    for (auto list : {&ExperimentState::XSelList, &ExperimentState::RhoSelList,
+                      &ExperimentState::PSelList, &ExperimentState::VxSelList}) {
+        state.*list = OffsetArray<double>(0, last);
+    }
+    for (int k = 0; k < static_cast<int>(points.size()); ++k) {
+        const Point& point = points[static_cast<std::size_t>(k)];
+        state.MSelList[k] = point.M;
+        state.XSelList[k] = point.X;
+        state.RhoSelList[k] = point.Rho;
+        state.PSelList[k] = point.P;
+        state.VxSelList[k] = point.Vx;
+    }
+}
+
+// Three pressures on 400 cells.
+ExperimentState ThreePressures() {
+    ExperimentState state;
+    state.RhoMax = 1.05;
+    state.RhoMin = 0.95;
+    state.PMax = 1049.9995;
+    state.PMin = -49.9895;
+    state.VXMax = 1.8708286933869707;
+    state.VXMin = -1.8708286933869707;
+    SetPoints(state, {{0, -1e-07, 1, 1000, 0},
+                      {1, 1e-07, 1, 1000, 0},
+                      {40, 0.0999999, 1, 1000, 0},
+                      {41, 0.1000001, 1, 0.01, 0},
+                      {360, 0.8999999, 1, 0.01, 0},
+                      {361, 0.9000001, 1, 100, 0},
+                      {400, 0.9999999, 1, 100, 0},
+                      {401, 1.0000001, 1, 100, 0}});
+    return state;
+}
+
+std::string Replaced(std::string text, const std::string& what, const std::string& by) {
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+        text.replace(at, what.size(), by);
+    }
+    return text;
+}
+
+std::string ReplacedOnce(std::string text, const std::string& what, const std::string& by) {
+    const std::size_t at = text.find(what);
+    if (at == std::string::npos) ADD_FAILURE() << "no " << what;
+    return at == std::string::npos ? text : text.replace(at, what.size(), by);
+}
+
+const char* const Closing = "You screwed up.   This input file will be ignored.";
+
+}  // namespace
+
+TEST(WriteSetUpText, PutsEveryFieldInItsColumn) {
+    const std::vector<std::string> lines = {
+        R"("NDifferenceScheme",    3)",
+        R"("NGridCells",           400)",
+        R"("SoundSpeed0",          1)",
+        R"("CourantNumber",        0.85)",
+        R"("RhoMax",               1.05)",
+        R"("RhoMin",               0.95)",
+        R"("PMax",                 1049.9995)",
+        R"("PMin",                 -49.9895)",
+        R"("VXMax",                1.87082869338697)",
+        R"("VXMin",                -1.87082869338697)",
+        R"("Periods",              1.5)",
+        R"("NPlotsPerPeriod",      400)",
+        R"("NSelected",            6)",
+        R"("")",
+        R"("MSelected",       "X",                     "Rho",                   "P",                     "VX")",
+        R"(0,            -0.0000001,              1,                       1000,                    0)",
+        R"(1,            0.0000001,               1,                       1000,                    0)",
+        R"(40,           0.0999999,               1,                       1000,                    0)",
+        R"(41,           0.1000001,               1,                       0.01,                    0)",
+        R"(360,          0.8999999,               1,                       0.01,                    0)",
+        R"(361,          0.9000001,               1,                       100,                     0)",
+        R"(400,          0.9999999,               1,                       100,                     0)",
+        R"(401,          1.0000001,               1,                       100,                     0)",
+    };
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    EXPECT_EQ(WriteSetUpText(ThreePressures()), text);
+}
+
+TEST(ReadSetUpText, GivesBackWhatWasWritten) {
+    ExperimentState wide;
+    wide.NGridCells = MaxGridCells;
+    wide.NDifferenceScheme = -7;
+    wide.SoundSpeed0 = 1.18321595661992;
+    wide.Periods = 1e-20;
+    wide.NPlotsPerPeriod = 2000000000;
+    std::vector<Point> points;
+    for (int m = 0; m <= MaxGridCells + 1; ++m) {
+        points.push_back({m, m / 5001.0, 1e-8 + m, 1e300 / (m + 1), m % 2 == 0 ? -m : 1e-300});
+    }
+    SetPoints(wide, points);
+    ExperimentState empty;
+    SetPoints(empty, {{0, -1e-07, 1, 1, 0}, {401, 1.0000001, 1, 1, 0}});
+
+    for (const ExperimentState& state : {ThreePressures(), wide, empty}) {
+        const SetUpReading reading = ReadSetUpText(WriteSetUpText(state), MaxGridCells);
+        ASSERT_TRUE(reading.Values.has_value());
+        EXPECT_EQ(reading.Message, "");
+        const SetUpValues& read = *reading.Values;
+        EXPECT_EQ(read.NDifferenceScheme, state.NDifferenceScheme);
+        EXPECT_EQ(read.NGridCells, state.NGridCells);
+        EXPECT_EQ(read.SoundSpeed0, state.SoundSpeed0);
+        EXPECT_EQ(read.CourantNumber, state.CourantNumber);
+        EXPECT_EQ(read.RhoMax, state.RhoMax);
+        EXPECT_EQ(read.RhoMin, state.RhoMin);
+        EXPECT_EQ(read.PMax, state.PMax);
+        EXPECT_EQ(read.PMin, state.PMin);
+        EXPECT_NEAR(read.VXMax, state.VXMax, 1e-14);
+        EXPECT_NEAR(read.VXMin, state.VXMin, 1e-14);
+        EXPECT_EQ(read.Periods, state.Periods);
+        EXPECT_EQ(read.NPlotsPerPeriod, state.NPlotsPerPeriod);
+        ASSERT_EQ(read.NSelected, state.NSelected);
+        for (int k = 0; k <= state.NSelected + 1; ++k) {
+            ASSERT_EQ(read.MSelList[k], state.MSelList[k]) << k;
+            // Fifteen digits: within half a unit of the fifteenth.
+            ASSERT_NEAR(read.XSelList[k], state.XSelList[k], 5e-15) << k;
+            ASSERT_NEAR(read.RhoSelList[k] / state.RhoSelList[k], 1.0, 5e-15) << k;
+            ASSERT_NEAR(read.PSelList[k] / state.PSelList[k], 1.0, 5e-15) << k;
+            ASSERT_EQ(read.VxSelList[k], state.VxSelList[k]) << k;
+        }
+    }
+}
+
+TEST(ReadSetUpText, LooksAtFieldsNotAtLinesAndColumns) {
+    const std::string written = WriteSetUpText(ThreePressures());
+    const std::string texts[] = {
+        Replaced(written, "\r\n", "\n"),
+        Replaced(written, "\r\n", "\r"),
+        Replaced(written, "\r\n", " \t\r\n  "),
+        Replaced(Replaced(written, "  ", ""), "\r\n", ","),
+        Replaced(written, "\"", ""),
+        Replaced(written, "\"\"\r\n", "\r\n"),
+        Replaced(written, "0.01,", ".01 ,"),
+        Replaced(written, "1000,", "+1.0E3,"),
+        Replaced(written, " 400\r\n", " 400.0\r\n"),
+        Replaced(written, "401,", "501,"),  // the closing entries stand where they must
+        Replaced(written, "\n0,", "\n7,"),
+        written.substr(0, written.size() - 2),
+        written + "what comes behind, is not looked at",
+        "\xEF\xBB\xBF" + written,
+    };
+    for (const std::string& text : texts) {
+        const SetUpReading reading = ReadSetUpText(text, MaxGridCells);
+        ASSERT_TRUE(reading.Values.has_value()) << text;
+        EXPECT_EQ(reading.Values->NGridCells, 400);
+        EXPECT_EQ(reading.Values->PSelList[3], 0.01);
+        EXPECT_EQ(reading.Values->PSelList[1], 1000.0);
+        EXPECT_EQ(reading.Values->MSelList[0], 0);
+        EXPECT_EQ(reading.Values->MSelList[7], 401);
+    }
+}
+
+TEST(ReadSetUpText, SaysWhichStringWasWrong) {
+    const std::string written = WriteSetUpText(ThreePressures());
+    const auto expectMessage = [](const std::string& text, const std::string& message) {
+        const SetUpReading reading = ReadSetUpText(text, MaxGridCells);
+        EXPECT_FALSE(reading.Values.has_value());
+        EXPECT_EQ(reading.Message, message + Closing);
+    };
+    for (const char* key :
+         {"NDifferenceScheme", "NGridCells", "SoundSpeed0", "CourantNumber", "RhoMax", "RhoMin",
+          "PMax", "PMin", "VXMax", "VXMin", "Periods", "NPlotsPerPeriod", "NSelected"}) {
+        expectMessage(ReplacedOnce(written, '"' + std::string(key) + '"', "\"Other, key\""),
+                      "I expected to read the string '" + std::string(key) +
+                          "' but got instead Other, key\r\n");
+    }
+    expectMessage(ReplacedOnce(written, "\"PMax\"", "\"PMAX\""),
+                  "I expected to read the string 'PMax' but got instead PMAX\r\n");
+    // The number behind a wrong key need not be the whole number that was due.
+    expectMessage(ReplacedOnce(written, "\"NGridCells\",           400", "\"SoundSpeed0\", 1.5"),
+                  "I expected to read the string 'NGridCells' but got instead SoundSpeed0\r\n");
+    expectMessage(ReplacedOnce(written, "\"\"\r\n", "\"x\"\r\n"),
+                  "I expected to read the null string but got instead x\r\n");
+    expectMessage(ReplacedOnce(written, "\"Rho\"", "\"rho\""),
+                  "I expected to read the string 'MSelected' but got instead MSelected\r\n"
+                  "I expected to read the string 'X' but got instead X\r\n"
+                  "I expected to read the string 'Rho' but got instead rho\r\n"
+                  "I expected to read the string 'P' but got instead P\r\n"
+                  "I expected to read the string 'VX' but got instead VX\r\n");
+    // Seventy-nine letters and two characters of two bytes: the cut falls before the first of them.
+    expectMessage(
+        ReplacedOnce(written, "PMax", std::string(79, 'a') + "\u00e4\u00e4"),
+        "I expected to read the string 'PMax' but got instead " + std::string(79, 'a') + "...\r\n");
+}
+
+TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
+    const std::string written = WriteSetUpText(ThreePressures());
+    const struct {
+        const char* what;
+        const char* by;
+    } rows[] = {
+        {"\"NGridCells\",           400", "\"NGridCells\", 5"},
+        {"\"NGridCells\",           400", "\"NGridCells\", 399"},  // the last point lies outside
+        {"\"NGridCells\",           400", "\"NGridCells\", 5002"},
+        {"\"NGridCells\",           400", "\"NGridCells\", 400.5"},
+        {"\"NGridCells\",           400", "\"NGridCells\", 4294967696"},
+        {"\"NGridCells\",           400", "\"NGridCells\", four hundred"},
+        {"\"NGridCells\",           400", "\"NGrid\", four hundred"},
+        {"\"NDifferenceScheme\",    3", "\"NDifferenceScheme\", 3e9"},
+        {"\"SoundSpeed0\",          1", "\"SoundSpeed0\", 0"},
+        {"\"CourantNumber\",        0.85", "\"CourantNumber\", 1"},
+        {"\"CourantNumber\",        0.85", "\"CourantNumber\", 0"},
+        {"\"CourantNumber\",        0.85", "\"CourantNumber\", nan"},
+        {"\"Periods\",              1.5", "\"Periods\", 0"},
+        {"\"Periods\",              1.5", "\"Periods\", 1e999"},
+        {"\"NPlotsPerPeriod\",      400", "\"NPlotsPerPeriod\", 0"},
+        {"\"RhoMax\",               1.05", "\"RhoMax\", 0.9"},
+        {"\"PMin\",                 -49.9895", "\"PMin\", 1050"},
+        {"\"VXMax\",                1.87082869338697", "\"VXMax\", -2"},
+        {"\"NSelected\",            6", "\"NSelected\", -1"},
+        {"\"NSelected\",            6", "\"NSelected\", 7"},
+        {"\"NSelected\",            6", "\"NSelected\", 401"},
+        {"\"NSelected\",            6", "\"NSelected\", 2147483647"},
+        {"\n41,", "\n40,"},
+        {"\n41,", "\n361,"},
+        {"\n1,", "\n0,"},
+        {"\n1,", "\n-1,"},
+        {"0.1000001,               1, ", "0.1000001, 0, "},
+        {"0.1000001,               1, ", "0.1000001, -1, "},
+        {"0.1000001,               1, ", "0.1000001, inf, "},
+        {"0.01, ", "0, "},
+        {"0.1000001", "x"},
+        {"\"VX\"\r\n", "\"VX\" \"\"\r\n"},
+        {"\"NSelected\"", "\"NSelected"},
+        {"\"\"\r\n", "\"\r\n"},
+        {",            0.0000001", ""},
+        {"\r\n40,", "\r\n\r\n40,"},
+    };
+    for (const auto& row : rows) {
+        const SetUpReading reading =
+            ReadSetUpText(ReplacedOnce(written, row.what, row.by), MaxGridCells);
+        EXPECT_FALSE(reading.Values.has_value()) << row.by;
+        EXPECT_EQ(reading.Message, "") << row.by;
+    }
+    for (const std::size_t end : {0U, 1U, 24U, 300U, 600U, 900U, 1200U}) {
+        const SetUpReading reading = ReadSetUpText(written.substr(0, end), MaxGridCells);
+        EXPECT_FALSE(reading.Values.has_value()) << end;
+        EXPECT_EQ(reading.Message, "") << end;
+    }
+}
+
+TEST(ReadSetUpText, TakesASetUpWithoutPointsIfItsAxesHaveLength) {
+    const auto isTaken = [](const std::string& text) {
+        return ReadSetUpText(text, MaxGridCells).Values.has_value();
+    };
+    const std::string written = WriteSetUpText(ThreePressures());
+    const std::string noPoints = ReplacedOnce(written, " 6\r\n", " 0\r\n");
+    EXPECT_TRUE(isTaken(noPoints));
+    EXPECT_FALSE(isTaken(ReplacedOnce(noPoints, "-49.9895", "1049.9995")));
+    EXPECT_TRUE(isTaken(ReplacedOnce(written, "-49.9895", "1049.9995")));
+    EXPECT_TRUE(isTaken(ReplacedOnce(noPoints, " 400\r\n", " 6\r\n")));
+    EXPECT_FALSE(isTaken(ReplacedOnce(noPoints, " 400\r\n", " 5\r\n")));
+    // More points than the lists of so small a grid can hold, with all their rows.
+    std::string crowded = ReplacedOnce(written, " 400\r\n", " 6\r\n");
+    crowded = ReplacedOnce(crowded, "\"NSelected\",            6", "\"NSelected\", 40");
+    for (int m = 0; m < 40; ++m) crowded += "1, 0.5, 1, 1, 0\r\n";
+    EXPECT_FALSE(isTaken(crowded));
+}
+
+TEST(ReadSetUpText, BearsAnyText) {
+    const std::string written = WriteSetUpText(ThreePressures());
+    const std::string pieces[] = {"\"",
+                                  ",",
+                                  "\r",
+                                  "\n",
+                                  " ",
+                                  "-",
+                                  "1e308",
+                                  "1e-320",
+                                  "5001",
+                                  "2147483648",
+                                  std::string(1, '\0'),
+                                  "\xFF",
+                                  "nan",
+                                  "1.7e308"};
+    std::mt19937 random(5);
+    const auto below = [&](std::size_t end) { return random() % end; };
+    int accepted = 0;
+    for (int round = 0; round < 6000; ++round) {
+        std::string text = written;
+        for (std::size_t change = below(4); change < 4 && !text.empty(); ++change) {
+            const std::size_t at = below(text.size());
+            switch (below(5)) {
+                case 0:
+                    text[at] = static_cast<char>(below(256));
+                    break;
+                case 1:
+                    text.erase(at, below(40));
+                    break;
+                case 2:
+                    text.insert(at, pieces[below(std::size(pieces))]);
+                    break;
+                case 3:
+                    text.insert(at, text, below(text.size()), below(200));
+                    break;
+                default:
+                    text[at] = static_cast<char>('0' + below(10));
+                    break;
+            }
+        }
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+        accepted += ReadSetUpText(text, MaxGridCells).Values.has_value() ? 1 : 0;
+    }
+    EXPECT_GT(accepted, 100);
+    EXPECT_LT(accepted, 5000);
+}
