@@ -24,7 +24,8 @@ void BoxAnswers::AnswerOpenBox() {
     answered_ = box;
     if (auto* message = qobject_cast<QMessageBox*>(box)) {
         seen_.push_back({message->windowTitle(), message->text(), {}});
-        message->accept();
+        QAbstractButton* yes = message->button(QMessageBox::Yes);
+        (yes != nullptr ? yes : message->button(QMessageBox::Ok))->click();
     } else if (qobject_cast<QFileDialog*>(box) != nullptr) {
         ChooseFile(*box);
     } else {
@@ -60,7 +61,16 @@ void BoxAnswers::ChooseFile(QDialog& box) {
     }
     auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
     name->setText(*answer);
-    QMetaObject::invokeMethod(&dialog, "accept");
+    // Queued: the dialog may ask whether to replace a file, and no timer fires within its own event.
+    // A dialog that does not take the name stays open; a user would give up.
+    const QPointer<QDialog> open(&box);
+    QMetaObject::invokeMethod(
+        this,
+        [open] {
+            QMetaObject::invokeMethod(open, "accept");
+            if (open && open->isVisible()) open->reject();
+        },
+        Qt::QueuedConnection);
 }
 
 Panel::Panel(const QString& studentName) : form_(new frmTernlow) {

@@ -12,6 +12,7 @@
 #include "setup/grid_size.h"
 #include "setup/point_buttons.h"
 #include "setup/riemann_tests.h"
+#include "setup/set_up_files.h"
 #include "setup/sound_wave_button.h"
 
 namespace {
@@ -58,8 +59,8 @@ constexpr std::array<ButtonRow, 25> Buttons = {{
     {&Controls::cmdDocumentation,         "cmdDocumentation",         "? DOCUMENT ?",     {13080, 120, 255, 2175},   Plain,    NoStill, Plain11, 34, cmdDocumentation_Click, "Click here to get a grayscale plot."},
     {&Controls::cmdSinglePlots,           "cmdSinglePlots",           "Single",           {7140, 600, 615, 375},     0xFFFF00, NoStill, Bold11,  12, cmdSinglePlots_Click, "Click here to display only a single plot at a time."},
     {&Controls::cmdMultiplePlots,         "cmdMultiplePlots",         "Multi",            {7140, 1080, 615, 375},    0x0000FF, NoStill, Bold11,  13, cmdMultiplePlots_Click, "Click here to display multiple plots at a time."},
-    {&Controls::cmdReadSetUp,             "cmdReadSetUp",             " Read Setup",      {8760, 120, 735, 615},     0xFFFF00, NoStill, Bold11,  22, nullptr, "Click here to read problem set up from a disk file (which you will specify)."},
-    {&Controls::cmdWriteSetUp,            "cmdWriteSetUp",            " Write Setup",     {8760, 840, 735, 615},     0xFF8000, NoStill, Bold11,  23, nullptr, "Click here to write problem set up to a disk file (which you will specify)."},
+    {&Controls::cmdReadSetUp,             "cmdReadSetUp",             " Read Setup",      {8760, 120, 735, 615},     0xFFFF00, NoStill, Bold11,  22, cmdReadSetUp_Click, "Click here to read problem set up from a disk file (which you will specify)."},
+    {&Controls::cmdWriteSetUp,            "cmdWriteSetUp",            " Write Setup",     {8760, 840, 735, 615},     0xFF8000, NoStill, Bold11,  23, cmdWriteSetUp_Click, "Click here to write problem set up to a disk file (which you will specify)."},
     {&Controls::cmdSoundWave,             "cmdSoundWave",             "Sound Wave",       {7920, 840, 735, 615},     0x0000C0, NoStill, Bold11,  17, cmdSoundWave_Click, "Click here to set up initial conditions for sound wave propagation experiments."},
     {&Controls::cmdSelect,                "cmdSelect",                "Select",           {3840, 120, 872, 372},     Plain,    NoStill, Bold13,  5,  cmdSelect_Click, "Press to select a new grid cell"},
     {&Controls::cmdDeselect,              "cmdDeselect",              "Deselect",         {4820, 120, 1117, 372},    Plain,    NoStill, Bold13,  6,  cmdDeselect_Click, "Press to deselect the present grid cell"},

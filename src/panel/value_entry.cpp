@@ -9,12 +9,10 @@
 #include "display/line_plots.h"
 #include "integration/axis_ranges.h"
 #include "model/experiment_state.h"
+#include "model/limits.h"
 #include "model/number_text.h"
 
 namespace {
-
-// Larger numbers are refused: the energies of the 32-bit schemes would overflow.
-constexpr double LargestValue = 1e12;
 
 // A box and a bar that show one quantity on one axis.
 struct ValuePair {
@@ -140,7 +138,8 @@ void hsbVelocity_Change(ExperimentState& state, Controls& controls) {
 
 void hsbMSelected_Change(ExperimentState& state, Controls& controls) {
     state.hsbMSelectedBusy = 1;
-    state.MSelected = BarValue(controls.hsbMSelected);
+    // The bar can still have the range of another grid.
+    state.MSelected = std::clamp(BarValue(controls.hsbMSelected), 1, state.NGridCells);
     if (state.txtMSelectedBusy == 0) {
         PutText(controls.txtMSelected, FormatNumber(state.MSelected, "###0"));
     }

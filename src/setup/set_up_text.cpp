@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "model/experiment_state.h"
+#include "model/limits.h"
 #include "model/number_text.h"
 
 namespace {
@@ -242,8 +243,10 @@ bool ParametersCanStand(const SetUpValues& read) {
 }
 
 bool ControlPointsCanStand(const SetUpValues& read) {
+    const auto isPossible = [](double v) { return v > 0.0 && v <= LargestValue; };
     for (int k = 0; k <= read.NSelected + 1; ++k) {
-        if (read.RhoSelList[k] <= 0.0 || read.PSelList[k] <= 0.0) return false;
+        if (!isPossible(read.RhoSelList[k]) || !isPossible(read.PSelList[k])) return false;
+        if (std::abs(read.VxSelList[k]) > LargestValue) return false;
         if (k > 0 && read.MSelList[k] <= read.MSelList[k - 1]) return false;
     }
     return true;

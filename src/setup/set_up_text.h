@@ -52,6 +52,7 @@ std::string WriteSetUpText(const ExperimentState& state);
 // - N from 6 to maxGridCells; NSelected from 0 to N; NPlotsPerPeriod at least 1
 // - the points in strictly rising cells inside 1 to N; for the two closing entries, cells 0 and N+1
 //   are set whatever the file says, so that a file stays good when only its N is edited
-// - densities, pressures, SoundSpeed0 and Periods above 0; CourantNumber between 0 and 1
+// - densities, pressures, SoundSpeed0 and Periods above 0; CourantNumber between 0 and 1; no
+//   density, pressure or speed beyond LargestValue
 // - no axis that ends below its beginning, and none without length if there are no points
 SetUpReading ReadSetUpText(std::string_view text, int maxGridCells);

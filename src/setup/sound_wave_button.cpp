@@ -9,6 +9,7 @@
 #include "display/experiment_caption.h"
 #include "display/line_plots.h"
 #include "model/experiment_state.h"
+#include "model/limits.h"
 #include "model/number_text.h"
 #include "panel/prompt.h"
 #include "setup/point_buttons.h"
@@ -17,9 +18,6 @@
 namespace {
 
 constexpr int Periodic = 4;
-
-// Faster than this, or larger, and the 32-bit schemes' energies would overflow.
-constexpr double LargestAnswer = 1e12;
 
 // What a press writes before it is known whether the waves are possible.
 struct SoundWaveSettings {
@@ -53,7 +51,7 @@ struct SoundWaveSettings {
 void AskNumber(Controls& controls, const std::string& message, const std::string& title,
                double& value) {
     const auto answer = ReadNumber(Prompt(controls, message, title, GeneralNumber(value)));
-    if (answer && std::abs(*answer) <= LargestAnswer) value = *answer;
+    if (answer && std::abs(*answer) <= LargestValue) value = *answer;
 }
 
 void AskAmplitude(Controls& controls, const std::string& wave, double& value) {

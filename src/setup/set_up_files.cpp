@@ -1,0 +1,89 @@
+#include "setup/set_up_files.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <optional>
+#include <string>
+
+#include "display/controls.h"
+#include "model/experiment_state.h"
+#include "panel/common_dialog.h"
+#include "panel/prompt.h"
+#include "setup/set_up_replay.h"
+#include "setup/set_up_text.h"
+
+namespace {
+
+// The largest grid with a point in every cell takes about 600 kB.
+constexpr qint64 LargestFile = 8 << 20;
+
+void PrepareDialog(CommonDialog& dialog) {
+    dialog.Filter = "All Files (*.*)|*.*|Text Files (*.txt)|*.txt";
+    dialog.FilterIndex = 2;
+}
+
+void ReplaceFile(const QString& name, const std::string& text) {
+    QSaveFile file(name);
+    if (!file.open(QIODevice::WriteOnly)) return;
+    file.write(text.data(), static_cast<qint64>(text.size()));
+    // The commit's own flush does not report a full disk.
+    if (file.flush()) {
+        file.commit();
+    } else {
+        file.cancelWriting();
+    }
+}
+
+// Nothing for what is no plain file, cannot be read or is far too long.
+std::optional<std::string> ContentOf(const QString& name) {
+    QFile file(name);
+    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+    const QByteArray content = file.read(LargestFile + 1);
+    if (content.size() > LargestFile) return std::nullopt;
+    return content.toStdString();
+}
+
+void TakeValues(ExperimentState& state, SetUpValues& values) {
+    state.MSelList = std::move(values.MSelList);
+    state.XSelList = std::move(values.XSelList);
+    state.RhoSelList = std::move(values.RhoSelList);
+    state.PSelList = std::move(values.PSelList);
+    state.VxSelList = std::move(values.VxSelList);
+    state.NSelected = values.NSelected;
+    state.NDifferenceScheme = values.NDifferenceScheme;
+    state.SoundSpeed0 = values.SoundSpeed0;
+    state.CourantNumber = values.CourantNumber;
+    state.RhoMax = values.RhoMax;
+    state.RhoMin = values.RhoMin;
+    state.PMax = values.PMax;
+    state.PMin = values.PMin;
+    state.VXMax = values.VXMax;
+    state.VXMin = values.VXMin;
+    state.Periods = values.Periods;
+    state.NPlotsPerPeriod = values.NPlotsPerPeriod;
+    state.NGridCells = values.NGridCells;
+}
+
+}  // namespace
+
+void cmdWriteSetUp_Click(ExperimentState& state, Controls& controls) {
+    CommonDialog& dialog = *controls.CommonDialog1;
+    PrepareDialog(dialog);
+    dialog.Save();
+    if (!dialog.FileName.isEmpty()) ReplaceFile(dialog.FileName, WriteSetUpText(state));
+}
+
+void cmdReadSetUp_Click(ExperimentState& state, Controls& controls) {
+    CommonDialog& dialog = *controls.CommonDialog1;
+    PrepareDialog(dialog);
+    dialog.Open();
+    if (dialog.FileName.isEmpty()) return;
+    const std::optional<std::string> text = ContentOf(dialog.FileName);
+    if (!text) return;
+    SetUpReading reading = ReadSetUpText(*text, state.MaxGridCells);
+    if (!reading.Message.empty()) ShowMessage(controls, reading.Message);
+    if (!reading.Values) return;
+    TakeValues(state, *reading.Values);
+    ApplySetUp(state, controls);
+}

@@ -1,0 +1,170 @@
+// Set-up files, written and read through the panel's buttons.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <functional>
+#include <vector>
+
+#include "panel/main_window.h"
+#include "panel_driver.h"
+
+namespace {
+
+class PanelFiles : public testing::Test {
+protected:
+    void Write(const QString& name) {
+        const BoxAnswers answers({folder.filePath(name)});
+        panel.Press("cmdWriteSetUp");
+    }
+
+    // What the boxes said while the file was read.
+    std::vector<BoxAnswers::Box> Read(const QString& name) {
+        const BoxAnswers answers({folder.filePath(name)});
+        panel.Press("cmdReadSetUp");
+        return answers.Seen();
+    }
+
+    void Save(const QString& name, const QByteArray& content) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    QByteArray Load(const QString& name) {
+        QFile file(folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QTemporaryDir folder;
+    Panel panel;
+    ExperimentState& state = panel.Form().state;
+};
+
+// The fields of cells 0..N+1 and what a run starts from.
+std::vector<double> Problem(const ExperimentState& state) {
+    std::vector<double> values{state.DTime,  state.TStop, state.PlotInterval,
+                               state.RhoMin, state.PMax,  state.VXMin};
+    for (int i = 0; i <= state.NGridCells + 1; ++i) {
+        values.insert(values.end(), {state.X[i], state.Rho[i], state.P[i], state.Ux[i]});
+    }
+    return values;
+}
+
+}  // namespace
+
+TEST_F(PanelFiles, BringBackWhatWasWritten) {
+    const std::vector<std::function<void()>> problems = {
+        [] {},  // the default problem
+        [&] { panel.Press("cmdTest1"); },
+        [&] { panel.Press("cmdTest6"); },
+        [&] {
+            panel.Press("cmdReset");
+            for (const int cell : {17, 18, 230}) {
+                panel.Type("txtMSelected", QString::number(cell));
+                panel.Type("txtDensity", QString::number(0.5 + 0.01 * cell));
+                panel.Press("cmdSelect");
+            }
+        },
+    };
+    for (const auto& setUp : problems) {
+        setUp();
+        Write("once.txt");
+        EXPECT_TRUE(Read("once.txt").size() == 1);  // the dialog, no message
+        const auto replayed = Problem(state);
+        Write("twice.txt");
+        panel.Form().controls.txtNGridCells->setText("37");
+        Read("twice.txt");
+        EXPECT_EQ(Problem(state), replayed)
+            << "the replay through the boxes is its own fixed point";
+        EXPECT_EQ(state.NGridCells, 400);
+        Write("thrice.txt");
+        EXPECT_EQ(Load("thrice.txt"), Load("twice.txt"));
+    }
+}
+
+TEST_F(PanelFiles, TakeTheGridOfTheFile) {
+    panel.Form().controls.txtNGridCells->setText("100");
+    Write("hundred.txt");
+    panel.Form().controls.txtNGridCells->setText("400");
+    Read("hundred.txt");
+    EXPECT_EQ(state.NGridCells, 100);
+    EXPECT_EQ(panel.Form().controls.txtNGridCells->text(), "100");
+    EXPECT_EQ(panel.Form().controls.hsbMSelected->maximum(), 100);
+    EXPECT_EQ(state.P[10], 1000.0);
+    EXPECT_EQ(state.P[11], 0.01);
+
+    // Away from Time 0 nothing can be selected, but the panel keeps to the new grid.
+    panel.Press("cmdBegin");
+    panel.Tick(3);
+    panel.Press("cmdPause");
+    Save("forty.txt", Load("hundred.txt").replace("100", "40"));
+    Read("forty.txt");
+    EXPECT_GE(state.MSelected, 1);
+    EXPECT_LE(state.MSelected, state.NGridCells);
+    panel.Press("cmdRestart");
+    EXPECT_EQ(state.Time, 0.0);
+}
+
+TEST_F(PanelFiles, SayWhatIsWrongAndChangeNothing) {
+    Write("good.txt");
+    const QByteArray good = Load("good.txt");
+    panel.Press("cmdTest1");
+    const auto before = Problem(state);
+    const struct {
+        const char* from;
+        const char* to;
+        QString message;  // empty where the file is passed over in silence
+    } rows[] = {
+        {"\"RhoMax\"", "\"rhoMax\"",
+         "I expected to read the string 'RhoMax' but got instead rhoMax\r\n"
+         "You screwed up.   This input file will be ignored."},
+        {"\"\"\r\n", "\"x\"\r\n",
+         "I expected to read the null string but got instead x\r\n"
+         "You screwed up.   This input file will be ignored."},
+        {"\"Rho\",", "\"rho\",",
+         "I expected to read the string 'MSelected' but got instead MSelected\r\n"
+         "I expected to read the string 'X' but got instead X\r\n"
+         "I expected to read the string 'Rho' but got instead rho\r\n"
+         "I expected to read the string 'P' but got instead P\r\n"
+         "I expected to read the string 'VX' but got instead VX\r\n"
+         "You screwed up.   This input file will be ignored."},
+        {"400\r\n", "4x0\r\n", ""},
+        {"0.85", "1.85", ""},
+        {"1000", "-1000", ""},
+    };
+    for (const auto& row : rows) {
+        QByteArray text = good;
+        ASSERT_TRUE(text.contains(row.from)) << row.from;
+        Save("bad.txt", text.replace(row.from, row.to));
+        const auto boxes = Read("bad.txt");
+        ASSERT_EQ(boxes.size(), row.message.isEmpty() ? 1u : 2u) << row.to;
+        if (!row.message.isEmpty()) {
+            EXPECT_EQ(QString(boxes[1].Message).remove('\r'), QString(row.message).remove('\r'));
+        }
+        EXPECT_EQ(Problem(state), before);
+    }
+    Read("missing.txt");
+    Read(".");
+    Save("huge.txt", QByteArray(9 << 20, '1'));
+    EXPECT_EQ(Read("huge.txt").size(), 1u);
+    EXPECT_EQ(Problem(state), before);
+}
+
+TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
+    Write("kept.txt");
+    const QByteArray kept = Load("kept.txt");
+    panel.Press("cmdTest1");
+    Write("nowhere/kept.txt");
+    {
+        const BoxAnswers cancelled({std::nullopt});
+        panel.Press("cmdWriteSetUp");
+        ASSERT_EQ(cancelled.Seen().size(), 1u);
+        EXPECT_EQ(cancelled.Seen()[0].Message, "All Files (*.*) (*)|Text Files (*.txt) (*.txt)");
+    }
+    EXPECT_EQ(Load("kept.txt"), kept);
+    Write("no-ending");
+    EXPECT_FALSE(Load("no-ending.txt").isEmpty());
+}
