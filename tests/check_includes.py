@@ -37,10 +37,11 @@ class Tree:
         self.findings = []
 
     def includes(self, name):
-        """As written, but a header beside the file goes by its whole name."""
+        """The quoted headers by their whole names, wherever the compiler finds them."""
         folder = name.rpartition("/")[0]
         files = [file for mark, file in INCLUDE.findall(self.texts[name]) if mark == '"']
-        return [file if file in self.texts else f"{folder}/{file}" for file in files]
+        return [next((place + file for place in ("", folder + "/", "tools/", "tests/")
+                      if place + file in self.texts), file) for file in files]
 
     def project_includes(self, name):
         return [file for file in self.includes(name) if file in self.texts]

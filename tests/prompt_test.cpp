@@ -129,6 +129,7 @@ TEST(CommonDialog, NamesFilesToRead) {
         EXPECT_EQ(filters->itemText(0), "All Files (*.*)");
         EXPECT_EQ(filters->itemText(1), "Text Files (*.txt)");
         EXPECT_EQ(filters->currentIndex(), 0);
+        EXPECT_EQ(box.nameFilters().first(), "All Files (*.*) (*)") << "\"*.*\" hides \"plain\"";
         box.reject();
     });
     dialog.Open();

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -192,14 +194,12 @@ TEST(Surface, DrawsBoxesByTheirCorners) {
 TEST(Surface, ShowsAGrayPictureUnsmoothed) {
     Surface surface(Scale, 1.0);
     surface.resize(40, 20);
-    QImage gray(40, 20, QImage::Format_Grayscale8);
-    for (int y = 0; y < 20; ++y) {
-        for (int x = 0; x < 40; ++x)
-            gray.scanLine(y)[x] = static_cast<uchar>((x * 53 + y * 31) % 256);
-    }
+    std::vector<uchar> levels(40 * 20);
+    for (std::size_t i = 0; i < levels.size(); ++i) levels[i] = static_cast<uchar>(i * 53 % 256);
+    const QImage gray(levels.data(), 40, 20, 40, QImage::Format_Grayscale8);
     const QImage drawn = gray.copy();
     surface.ShowGray(gray);
-    gray.fill(0);  // a copy was shown
+    std::fill(levels.begin(), levels.end(), uchar{0});  // a copy was shown
     const QImage image = surface.Image();
     const double ratio = surface.devicePixelRatioF();
     for (int y = 0; y < image.height(); ++y) {

@@ -2,12 +2,15 @@
 // and at its end.
 //     pictures FOLDER
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QPushButton>
+#include <QTimer>
 #include <clocale>
 #include <cstdio>
 
+#include "model/start_up.h"
 #include "panel/look.h"
 #include "panel/main_window.h"
 
@@ -30,6 +33,16 @@ bool WaitFor(int milliseconds, Condition condition) {
 
 void Press(const frmTernlow& window, const char* name) {
     window.findChild<QPushButton*>(name)->click();
+}
+
+// Start-up asks for the user's name; the default is taken.
+void StartUp(frmTernlow& window) {
+    QTimer accept;
+    QObject::connect(&accept, &QTimer::timeout, [] {
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) box->accept();
+    });
+    accept.start(0);
+    Form_Initialize(window.state, window.controls);
 }
 
 bool Save(frmTernlow& window, const QDir& folder, const QString& name) {
@@ -81,6 +94,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     frmTernlow window;
+    StartUp(window);
     window.show();
     return Save(window, folder, "1-start") && SaveTest1(window, folder) ? 0 : 1;
 }

@@ -6,53 +6,16 @@
 #include <cmath>
 #include <utility>
 
+#include "display/black_pen.h"
+
 namespace {
 
 // Beyond this many points the list gives way to a picture of what it drew: a surface that nobody
 // clears takes no more memory than this.
 constexpr std::size_t MostKeptPoints = 32768;
 
-// Device pixels around the image within which coordinates are handed to the toolkit, whose
-// rasteriser works with 16 bits before the point.
-constexpr double Margin = 64.0;
-
 bool IsFinite(QPointF point) {
     return std::isfinite(point.x()) && std::isfinite(point.y());
-}
-
-// Where the segment from inside to outside crosses the vertical line at x.
-QPointF CutAtX(QPointF inside, QPointF outside, double x) {
-    const double part = (x - inside.x()) / (outside.x() - inside.x());
-    return {x, inside.y() + part * (outside.y() - inside.y())};
-}
-
-QPointF CutAtY(QPointF inside, QPointF outside, double y) {
-    return CutAtX(inside.transposed(), outside.transposed(), y).transposed();
-}
-
-// Cuts the segment back to one side of a line. Either distance is positive beyond the line. False
-// if nothing is left.
-template <typename Cut>
-bool CutBack(QPointF& a, QPointF& b, double beyondA, double beyondB, Cut cut) {
-    if (beyondA > 0.0 && beyondB > 0.0) return false;
-    if (beyondA > 0.0) a = cut(b, a);
-    if (beyondB > 0.0) b = cut(a, b);
-    return true;
-}
-
-// Cuts the segment back to the frame. Every crossing is worked out from the end that stays, so that
-// the visible part keeps its place however far the other end lies. False if nothing is left.
-bool CutToFrame(QPointF& a, QPointF& b, const QRectF& frame) {
-    const auto atX = [](double x) {
-        return [x](QPointF inside, QPointF outside) { return CutAtX(inside, outside, x); };
-    };
-    const auto atY = [](double y) {
-        return [y](QPointF inside, QPointF outside) { return CutAtY(inside, outside, y); };
-    };
-    return CutBack(a, b, frame.left() - a.x(), frame.left() - b.x(), atX(frame.left())) &&
-           CutBack(a, b, a.x() - frame.right(), b.x() - frame.right(), atX(frame.right())) &&
-           CutBack(a, b, frame.top() - a.y(), frame.top() - b.y(), atY(frame.top())) &&
-           CutBack(a, b, a.y() - frame.bottom(), b.y() - frame.bottom(), atY(frame.bottom()));
 }
 
 }  // namespace
@@ -140,6 +103,7 @@ void Surface::Rasterise() {
     if (wanted.isEmpty()) return;
     if (image_.size() != wanted || image_.devicePixelRatio() != ratio) {
         image_ = QImage(wanted, QImage::Format_RGB32);
+        image_.setDevicePixelRatio(ratio);
         blank_ = true;
     }
     if (blank_) {
@@ -147,80 +111,49 @@ void Surface::Rasterise() {
         drawn_ = 0;
         blank_ = false;
     }
-    if (drawn_ < items_.size()) {
-        image_.setDevicePixelRatio(1.0);  // the painter works in device pixels
-        QPainter painter(&image_);
-        painter.setPen(QPen(Qt::black, PenWidth()));
-        for (; drawn_ < items_.size(); ++drawn_) {
-            std::visit([&](const auto& item) { Draw(painter, item); }, items_[drawn_]);
-        }
+    for (; drawn_ < items_.size(); ++drawn_) {
+        std::visit([this](const auto& item) { Draw(item); }, items_[drawn_]);
     }
-    image_.setDevicePixelRatio(ratio);
 }
 
 // A point on the surface is drawn as the pixel around it; a point on the right or bottom edge
 // belongs to the last pixel, so that a curve along either end of an axis is seen. Shrinking by one
 // pixel does both, and moves nothing by more than half a pixel. The result counts device pixels
-// from the image's corner to the middle of the line.
-QPointF Surface::ToDevice(QPointF point) const {
-    const auto along = [this](double coordinate, int pixels) {
-        const double shrunk = coordinate / unitsPerPixel_ * (pixels - 1) / pixels;
-        return (shrunk + 0.5) * devicePixelRatioF();
-    };
-    return {along(point.x(), width()), along(point.y(), height())};
+// from the image's corner to the middle of the pen.
+QTransform Surface::ToDevice() const {
+    const double ratio = devicePixelRatioF();
+    const auto scale = [&](int pixels) { return ratio / unitsPerPixel_ * (pixels - 1) / pixels; };
+    return QTransform::fromTranslate(0.5 * ratio, 0.5 * ratio)
+        .scale(scale(width()), scale(height()));
 }
 
 int Surface::PenWidth() const {
     return std::max(1, qRound(devicePixelRatioF()));
 }
 
-void Surface::Draw(QPainter& painter, const Curve& curve) const {
-    const QRectF frame = QRectF(image_.rect()).adjusted(-Margin, -Margin, Margin, Margin);
-    QPolygonF seen;
-    const auto drawSeen = [&] {
-        if (seen.size() > 1) painter.drawPolyline(seen);
-        seen.clear();
-    };
+void Surface::Draw(const Curve& curve) {
+    const QTransform toDevice = ToDevice();
+    BlackPen pen(image_, PenWidth());
+    QPointF from = toDevice.map(curve.front());
     for (std::size_t i = 1; i < curve.size(); ++i) {
-        QPointF from = ToDevice(curve[i - 1]);
-        QPointF to = ToDevice(curve[i]);
-        if (!IsFinite(from) || !IsFinite(to) || !CutToFrame(from, to, frame)) {
-            drawSeen();
-            continue;
-        }
-        if (seen.isEmpty() || seen.last() != from) {
-            drawSeen();
-            seen.append(from);
-        }
-        seen.append(to);
+        const QPointF to = toDevice.map(curve[i]);
+        if (IsFinite(from) && IsFinite(to)) pen.Line(from, to);
+        from = to;
     }
-    drawSeen();
 }
 
-void Surface::Draw(QPainter& painter, const Box& box) const {
-    const QPointF a = ToDevice(box.Corner);
-    const QPointF b = ToDevice(box.Opposite);
-    if (!IsFinite(a) || !IsFinite(b)) return;
-    const int pen = PenWidth();
-    const auto clamped = [](double edge, int size) {
-        return qRound(std::clamp(edge, -Margin, size + Margin));
-    };
-    const int left = clamped(std::min(a.x(), b.x()) - 0.5 * pen, image_.width());
-    const int right = clamped(std::max(a.x(), b.x()) + 0.5 * pen, image_.width());
-    const int top = clamped(std::min(a.y(), b.y()) - 0.5 * pen, image_.height());
-    const int bottom = clamped(std::max(a.y(), b.y()) + 0.5 * pen, image_.height());
-    if (box.Filled) {
-        painter.fillRect(left, top, right - left, bottom - top, Qt::black);
-        return;
-    }
-    painter.fillRect(left, top, right - left, pen, Qt::black);
-    painter.fillRect(left, bottom - pen, right - left, pen, Qt::black);
-    painter.fillRect(left, top, pen, bottom - top, Qt::black);
-    painter.fillRect(right - pen, top, pen, bottom - top, Qt::black);
+void Surface::Draw(const Box& box) {
+    const QPointF corner = ToDevice().map(box.Corner);
+    const QPointF opposite = ToDevice().map(box.Opposite);
+    if (!IsFinite(corner) || !IsFinite(opposite)) return;
+    BlackPen pen(image_, PenWidth());
+    box.Filled ? pen.FilledBox(corner, opposite) : pen.BoxOutline(corner, opposite);
 }
 
-void Surface::Draw(QPainter& painter, const QImage& picture) const {
-    painter.drawImage(image_.rect(), picture, picture.rect());
+void Surface::Draw(const QImage& picture) {
+    QPainter painter(&image_);
+    painter.drawImage(QRectF(QPointF(), QSizeF(image_.size()) / devicePixelRatioF()), picture,
+                      picture.rect());
 }
 
 void Surface::paintEvent(QPaintEvent* /*event*/) {

@@ -3,14 +3,13 @@
 
 #include <QImage>
 #include <QPointF>
+#include <QTransform>
 #include <QWidget>
 #include <functional>
 #include <variant>
 #include <vector>
 
 #include "panel/panel_scale.h"
-
-class QPainter;
 
 // Coordinates are in the surface's own unit, from the interior's top left, y growing downward. They
 // may lie anywhere: what is off the surface or not finite is not seen. Lines and boxes are black
@@ -76,10 +75,10 @@ private:
     void Erase();
     void Keep(Item item, std::size_t points);
     void Rasterise();
-    void Draw(QPainter& painter, const Curve& curve) const;
-    void Draw(QPainter& painter, const Box& box) const;
-    void Draw(QPainter& painter, const QImage& picture) const;
-    QPointF ToDevice(QPointF point) const;
+    void Draw(const Curve& curve);
+    void Draw(const Box& box);
+    void Draw(const QImage& picture);
+    QTransform ToDevice() const;
     int PenWidth() const;
 
     PanelScale scale_;

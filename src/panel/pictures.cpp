@@ -35,6 +35,7 @@ struct Origin {
 };
 
 constexpr int TableSize = 2048;
+constexpr float Reach = 10.0F;  // squared radii from a vortex beyond which nothing has turned
 constexpr int NodeSpacing = 8;  // pixels between two places whose origin is worked out
 
 using Tints = std::array<QRgb, TableSize>;
@@ -93,6 +94,7 @@ Origin OriginOf(float x, float y, const std::vector<Vortex>& vortices) {
         const float dx = x - vortex.X;
         const float dy = y - vortex.Y;
         const float distance = (dx * dx + dy * dy) / (vortex.Radius * vortex.Radius);
+        if (distance > Reach) continue;
         const float turn = vortex.Turn * std::exp(-distance);
         const float cosine = std::cos(turn);
         const float sine = std::sin(turn);
