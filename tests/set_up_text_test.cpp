@@ -114,7 +114,7 @@ TEST(ReadSetUpText, GivesBackWhatWasWritten) {
     wide.NPlotsPerPeriod = 2000000000;
     std::vector<Point> points;
     for (int m = 0; m <= MaxGridCells + 1; ++m) {
-        points.push_back({m, m / 5001.0, 1e-8 + m, 1e300 / (m + 1), m % 2 == 0 ? -m : 1e-300});
+        points.push_back({m, m / 5001.0, 1e-8 + m, 1e12 / (m + 1), m % 2 == 0 ? -m : 1e-300});
     }
     SetPoints(wide, points);
     ExperimentState empty;

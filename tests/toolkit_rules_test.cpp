@@ -127,12 +127,12 @@ TEST(ScrollBarRule, TheWheelNeedsTheFocusAndKeysWork) {
     QPushButton other(&window);
     PutBarRange(&bar, 0, 100);
     GiveFocus(other);
-    TurnWheel(bar, -120);
+    TurnWheel(bar, 120);
     EXPECT_EQ(bar.value(), 0);
     const QImage unfocused = bar.grab().toImage();
     GiveFocus(bar);
     EXPECT_NE(bar.grab().toImage(), unfocused) << "the focus is seen";
-    TurnWheel(bar, -120);
+    TurnWheel(bar, 120);
     EXPECT_GT(bar.value(), 0);
     QTest::keyClick(&bar, Qt::Key_End);
     EXPECT_EQ(bar.value(), 100);
