@@ -134,6 +134,9 @@ TEST(ScrollBarRule, TheWheelNeedsTheFocusAndKeysWork) {
     EXPECT_NE(bar.grab().toImage(), unfocused) << "the focus is seen";
     TurnWheel(bar, 120);
     EXPECT_GT(bar.value(), 0);
+    PutBarValue(&bar, 50);
+    QTest::keyClick(&bar, Qt::Key_Right);
+    EXPECT_EQ(bar.value(), 51);
     QTest::keyClick(&bar, Qt::Key_End);
     EXPECT_EQ(bar.value(), 100);
 }
