@@ -39,9 +39,9 @@ std::string Prompt(Controls& controls, const std::string& message, const std::st
     for (QLabel* label : box.findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
+        label->setMinimumWidth(NarrowestPixels);  // the box fits its size to what is in it
     }
     box.setTextValue(QString::fromStdString(defaultAnswer));
-    box.setMinimumWidth(NarrowestPixels);
     if (place == PromptPlace::NearScreenCorner) {
         const int offset = PanelScale().ToPixels(CornerTwips);
         box.move(window->screen()->geometry().topLeft() + QPoint(offset, offset));
