@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "model/number_text.h"
+
 namespace {
 
 int To16Bits(int value) {
@@ -25,6 +27,10 @@ std::string TextOf(const QLineEdit* box) {
 
 void PutText(QLineEdit* box, const std::string& text) {
     box->setText(QString::fromStdString(text));
+}
+
+void PutTime(QLineEdit* box, double time) {
+    PutText(box, "t=" + FormatNumber(time, "#0.0####"));
 }
 
 void PutVisible(QLineEdit* box, bool visible) {

@@ -13,6 +13,9 @@ class QScrollBar;
 std::string TextOf(const QLineEdit* box);
 void PutText(QLineEdit* box, const std::string& text);
 
+// Puts a problem time as "t=0.25".
+void PutTime(QLineEdit* box, double time);
+
 // Shows or hides a box.
 void PutVisible(QLineEdit* box, bool visible);
 

@@ -16,7 +16,7 @@ void vsbStoredStateNumber_Change(ExperimentState& state, Controls& controls) {
 
     state.StoredStateNumber = s;
     PutText(controls.txtStoredStateNumber, FormatNumber(s, "###0"));
-    PutText(controls.txtTime, "t=" + FormatNumber(state.StoredT[s], "#0.0####"));
+    PutTime(controls.txtTime, state.StoredT[s]);
     state.StoreOffset = (state.NGridCells + 2) * s;
     LoadStoredState(state, s);
     RepaintPlots(state, controls);

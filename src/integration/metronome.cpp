@@ -39,7 +39,7 @@ void RunSteps(ExperimentState& state, Controls& controls) {
             state.Stopped = 1;
             return;
         }
-        PutText(controls.txtTime, "t=" + FormatNumber(state.Time, "#0.0####"));
+        PutTime(controls.txtTime, state.Time);
         if (state.TimeToPlot > 0.0) continue;
 
         state.TimeToPlot += state.PlotInterval;  // the overshoot is carried

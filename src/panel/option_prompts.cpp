@@ -9,15 +9,12 @@
 #include "display/line_plots.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
+#include "model/run_stage.h"
 #include "panel/prompt.h"
 
 namespace {
 
 constexpr int Periodic = 4;
-
-bool IsBeforeRun(const ExperimentState& state) {
-    return state.Stopped != 0 && state.Time == 0.0;
-}
 
 void AskInteger(Controls& controls, const std::string& message, const std::string& title,
                 int& value) {

@@ -65,7 +65,7 @@ void cmdRestart_Click(ExperimentState& state, Controls& controls) {
     state.DTime = std::min(state.DTime, state.PlotInterval);
     state.DTime0 = state.DTime;
 
-    PutText(controls.txtTime, "t=" + FormatNumber(state.Time, "#0.0####"));
+    PutTime(controls.txtTime, state.Time);
     PutBarRange(controls.vsbStoredStateNumber, 0, state.NStored - 1);
     PutText(controls.txtCourantNumber, FormatNumber(state.CourantNumber, "#0.0##"));
     ClearAndPaintPlots(state, controls);

@@ -10,6 +10,7 @@
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
+#include "model/run_stage.h"
 
 namespace {
 
@@ -17,10 +18,6 @@ std::optional<double> PositiveNumberIn(const QLineEdit* box) {
     const std::optional<double> number = ReadNumber(TextOf(box));
     if (!number || *number <= 0.0) return std::nullopt;
     return number;
-}
-
-bool IsBeforeRun(const ExperimentState& state) {
-    return state.Time == 0.0 && state.Stopped != 0;
 }
 
 // The store follows the number of plots; what is stored stays.

@@ -7,6 +7,7 @@
 #include "display/controls.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
+#include "model/run_stage.h"
 #include "panel/value_entry.h"
 #include "setup/grid.h"
 #include "setup/point_mapping.h"
@@ -39,7 +40,7 @@ void ResetStore(ExperimentState& state) {
 }  // namespace
 
 void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
-    if (state.Time != 0.0 || state.Stopped == 0) {
+    if (!IsBeforeRun(state)) {
         PutText(controls.txtNGridCells, GeneralNumber(state.NGridCells));
         return;
     }

@@ -56,7 +56,7 @@ void FillRunControls(ExperimentState& state, Controls& controls) {
     PutText(controls.txtMSec, FormatNumber(state.MSec, "###0"));
     state.DTime = std::min(state.DTime, state.PlotInterval);
     state.DTime0 = state.DTime;
-    PutText(controls.txtTime, "t=" + FormatNumber(state.Time, "#0.0####"));
+    PutTime(controls.txtTime, state.Time);
     PutBarRange(controls.vsbStoredStateNumber, 0, state.NStored);
     PutText(controls.txtCourantNumber, FormatNumber(state.CourantNumber, "#0.0##"));
 }

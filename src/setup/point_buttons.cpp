@@ -9,6 +9,7 @@
 #include "display/line_plots.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
+#include "model/run_stage.h"
 #include "panel/value_entry.h"
 #include "setup/control_points.h"
 #include "setup/grid.h"
@@ -39,7 +40,7 @@ void ShowPoint(Controls& controls, int cell, const PointValues& values) {
 }  // namespace
 
 void cmdSelect_Click(ExperimentState& state, Controls& controls) {
-    if (state.Stopped == 0 || state.Time != 0.0) return;
+    if (!IsBeforeRun(state)) return;
     const int m = state.MSelected;
     const PointValues values = ValuesOfBoxes(state, controls);
     WidenPlainly(values.Rho, state.RhoMin, state.RhoMax);
@@ -73,7 +74,7 @@ void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
 }
 
 void cmdReset_Click(ExperimentState& state, Controls& controls) {
-    if (state.Time != 0.0 || state.Stopped == 0) return;
+    if (!IsBeforeRun(state)) return;
     for (int k = state.NSelected - 1; k >= 2; --k) {
         PutText(controls.txtMSelected, GeneralNumber(state.MSelList[k]));
         cmdDeselect_Click(state, controls);

@@ -11,6 +11,7 @@
 #include "model/experiment_state.h"
 #include "model/limits.h"
 #include "model/number_text.h"
+#include "model/run_stage.h"
 #include "panel/prompt.h"
 #include "setup/point_buttons.h"
 #include "setup/sound_wave.h"
@@ -90,7 +91,7 @@ void PutPlotCaptions(Controls& controls, const PlotCaptions& captions) {
 }  // namespace
 
 void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
-    if (state.Stopped == 0 || state.Time != 0.0) return;
+    if (!IsBeforeRun(state)) return;
     const SoundWaveSettings former(state);
     const PlotCaptions formerCaptions{CaptionOf(controls.lblDensityPlot),
                                       CaptionOf(controls.lblPressurePlot),
