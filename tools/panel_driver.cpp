@@ -61,8 +61,8 @@ void BoxAnswers::ChooseFile(QDialog& box) {
     }
     auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
     name->setText(*answer);
-    // Queued: the dialog may ask whether to replace a file, and no timer fires within its own event.
-    // A dialog that does not take the name stays open; a user would give up.
+    // Queued: the dialog may ask whether to replace a file, and no timer fires within its own
+    // event. A dialog that does not take the name stays open; a user would give up.
     const QPointer<QDialog> open(&box);
     QMetaObject::invokeMethod(
         this,
