@@ -80,6 +80,14 @@ TEST_F(TimeStep, IsRefusedWhenNoAttemptCanPass) {
         EXPECT_EQ(state.Time, 0.0);
         for (int i = 1; i <= 20; ++i) EXPECT_EQ(state.Rho[i], before.Rho[i]);
     }
+    courantPerTime = 1.0;
+    for (const double result : {slopes[1], slopes[2]}) {
+        shiftedPressure = result;
+        TickArrays tick(state, library);
+        EXPECT_FALSE(TakeTimeStep(state, tick)) << "a step to a pressure of " << result;
+        EXPECT_EQ(state.DTime, before.DTime);
+        EXPECT_EQ(state.P[7], before.P[7]);
+    }
     state.SchemeName = "kestrel";
     TickArrays tick(state);
     EXPECT_FALSE(TakeTimeStep(state, tick));
@@ -125,9 +133,11 @@ TEST(StepsOfTick, FollowsTheGridOrTheWeakWave) {
         int n, soundWave;
         double rhoMax, dTime;
         int steps;
-    } rows[] = {{29, 0, 1.0, 0.1, 1},      {30, 0, 1.0, 0.1, 1},      {60, 0, 1.0, 0.1, 2},
-                {400, 0, 1.0, 0.1, 13},    {400, 1, 1.05, 0.002, 50}, {6, 1, 1.05, 0.002, 50},
-                {400, 1, 1.08, 0.002, 13}, {400, 1, 1.05, 0.5, 1},    {400, 0, 1.05, 0.002, 13}};
+    } rows[] = {
+        {29, 0, 1.0, 0.1, 1},        {30, 0, 1.0, 0.1, 1},        {60, 0, 1.0, 0.1, 2},
+        {400, 0, 1.0, 0.1, 13},      {400, 1, 1.05, 0.002, 50},   {6, 1, 1.05, 0.002, 50},
+        {5001, 1, 1.05, 8e-5, 1250}, {5001, 1, 1.05, 1e-9, 3999}, {6, 1, 1.05, 1e-300, 3333333},
+        {400, 1, 1.08, 0.002, 13},   {400, 1, 1.05, 0.5, 1},      {400, 0, 1.05, 0.002, 13}};
     for (const auto& row : rows) {
         ExperimentState state;
         state.NGridCells = row.n;

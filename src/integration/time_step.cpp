@@ -15,6 +15,10 @@ namespace {
 // 0.9^300 is 2e-14: a scheme that still reports 1 or more then is not going to stop.
 constexpr int MostAttempts = 300;
 
+// A tick of at most this many cell updates comes back to the user within about a second. Only a
+// weak sound wave whose step is far below what its sound speed allows reaches it.
+constexpr int MostCellUpdates = 20'000'000;
+
 double SmallToZero(double velocity, double floor) {
     return velocity < floor && velocity > -floor ? 0.0 : velocity;
 }
@@ -34,6 +38,16 @@ bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
     return false;
 }
 
+bool AreFinite(const OffsetArray<double>& results, int n) {
+    return std::all_of(results.At(1), results.At(n) + 1, [](double v) { return std::isfinite(v); });
+}
+
+bool ResultsAreFinite(const ExperimentState& state, const TickArrays& tick) {
+    const int n = state.NGridCells;
+    return AreFinite(tick.RhoOut, n) && AreFinite(tick.POut, n) && AreFinite(tick.UxOut, n) &&
+           AreFinite(state.UyNew, n) && AreFinite(state.FSmokeNew, n);
+}
+
 }  // namespace
 
 int StepsOfTick(const ExperimentState& state) {
@@ -42,7 +56,7 @@ int StepsOfTick(const ExperimentState& state) {
     if (state.SoundWaveMode == 1 && state.RhoMax < weakWaveDensity) {
         steps = RoundToEven(0.1 / state.DTime);
     }
-    return std::max(steps, 1);
+    return std::clamp(steps, 1, MostCellUpdates / state.NGridCells);
 }
 
 void AcceptStep(ExperimentState& state, const TickArrays& tick) {
@@ -66,7 +80,7 @@ void ControlTimeStep(ExperimentState& state, double stepCourant) {
 bool TakeTimeStep(ExperimentState& state, TickArrays& tick) {
     if (!tick.Library.IsLoaded()) return false;
     const double stepBefore = state.DTime;
-    if (!PassCourantGate(state, tick)) {
+    if (!PassCourantGate(state, tick) || !ResultsAreFinite(state, tick)) {
         state.DTime = stepBefore;
         return false;
     }

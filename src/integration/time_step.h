@@ -5,13 +5,15 @@ struct ExperimentState;
 struct TickArrays;
 
 // Time steps that one tick runs, at least 1: N\30, so that a tick costs about as much on every
-// grid; a weak sound wave advances by about 0.1 time units instead. Needs DTime above 0.
+// grid; a weak sound wave advances by about 0.1 time units instead, unless that would keep the user
+// waiting. Needs DTime above 0.
 int StepsOfTick(const ExperimentState& state);
 
 // Advances the state by one step: attempts it with ever shorter DTime until its Courant number is
 // below 1, accepts it, moves Time and TimeToPlot, and follows the Courant number with DTime.
-// False if no step could be taken: there is no scheme library, or the Courant number does not fall
-// below 1 (or is no number) however short the step. The state is then as it was, DTime included.
+// False if no step could be taken: there is no scheme library, the Courant number does not fall
+// below 1 (or is no number) however short the step, or a result is not finite. The state is then as
+// it was, DTime included.
 bool TakeTimeStep(ExperimentState& state, TickArrays& tick);
 
 // Replaces cells 1..N by the results of the attempt. Density and pressure are raised to their
