@@ -116,7 +116,7 @@ TEST_F(PanelEntry, BoundsTheMetronome) {
 }
 
 TEST_F(PanelEntry, TakesACourantTargetBetweenZeroAndOne) {
-    for (const char* refused : {"1", "1.5", "0", ".", "-0.2", ""}) {
+    for (const char* refused : {"1", "1.5", "0", ".", "-0.2", "", "5e-324"}) {
         controls.txtCourantNumber->setText(refused);
         EXPECT_EQ(state.CourantNumber, 0.85) << refused;
         EXPECT_EQ(Text("txtCourantNumber"), refused);
@@ -133,6 +133,8 @@ TEST_F(PanelEntry, SetsTheLengthOfARun) {
     EXPECT_EQ(state.TStop, 0.5 * state.PeriodTime);
     EXPECT_EQ(state.NPlotsTotal, 200);
     EXPECT_EQ(state.StoreCapacity, 402 * 200);
+    controls.txtNPeriods->setText("1e308");
+    EXPECT_EQ(state.Periods, 0.5) << "the run's end has to be a number";
     controls.txtNPlotsPerPeriod->setText("0.4");
     EXPECT_EQ(state.NPlotsPerPeriod, 400) << "less than half a plot is none";
     controls.txtNPlotsPerPeriod->setText("1000000");

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 
 #include "display/control_values.h"
 #include "display/controls.h"
 #include "display/line_plots.h"
 #include "model/experiment_state.h"
+#include "model/limits.h"
 #include "model/number_text.h"
 #include "model/run_stage.h"
 #include "panel/prompt.h"
@@ -49,7 +51,7 @@ void AskConstant(Controls& controls, const std::string& kind, const std::string&
     const auto answer = ReadNumber(
         Prompt(controls, "Type the value of the PPM shock " + kind + " constant, " + name,
                "Get " + name, GeneralNumber(value)));
-    if (answer) value = *answer;
+    if (answer && std::abs(*answer) <= LargestValue) value = *answer;
 }
 
 }  // namespace

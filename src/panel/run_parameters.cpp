@@ -9,6 +9,7 @@
 #include "display/experiment_caption.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
+#include "model/limits.h"
 #include "model/number_text.h"
 #include "model/run_stage.h"
 
@@ -34,7 +35,7 @@ void txtCourantNumber_Change(ExperimentState& state, Controls& controls) {
         return;
     }
     const std::optional<double> number = ReadNumber(TextOf(controls.txtCourantNumber));
-    if (!number || *number <= 0.0 || *number >= 1.0) return;
+    if (!number || *number < SmallestCourantNumber || *number >= 1.0) return;
     state.CourantNumber = *number;
 }
 
@@ -52,7 +53,7 @@ void txtNPeriods_Change(ExperimentState& state, Controls& controls) {
         return;
     }
     const std::optional<double> number = PositiveNumberIn(controls.txtNPeriods);
-    if (!number) return;
+    if (!number || *number > LargestValue) return;
     state.Periods = *number;
     state.TStop = state.Periods * state.PeriodTime;
     FollowNumberOfPlots(state);

@@ -231,12 +231,13 @@ bool GridCanStand(const SetUpValues& read, int maxGridCells) {
 }
 
 bool AxisCanStand(double min, double max, int points) {
-    return points == 0 ? min < max : min <= max;
+    return std::isfinite(max - min) && (points == 0 ? min < max : min <= max);
 }
 
 bool ParametersCanStand(const SetUpValues& read) {
-    return read.SoundSpeed0 > 0.0 && read.CourantNumber > 0.0 && read.CourantNumber < 1.0 &&
-           read.Periods > 0.0 && read.NPlotsPerPeriod >= 1 &&
+    const auto isPossible = [](double v) { return v > 0.0 && v <= LargestValue; };
+    return isPossible(read.SoundSpeed0) && isPossible(read.Periods) && read.NPlotsPerPeriod >= 1 &&
+           read.CourantNumber >= SmallestCourantNumber && read.CourantNumber < 1.0 &&
            AxisCanStand(read.RhoMin, read.RhoMax, read.NSelected) &&
            AxisCanStand(read.PMin, read.PMax, read.NSelected) &&
            AxisCanStand(read.VXMin, read.VXMax, read.NSelected);
