@@ -275,3 +275,13 @@ TEST_F(PanelSetUp, LaysCurvesOverOneAnotherOnRequest) {
     panel.Press("cmdSinglePlots");
     EXPECT_LT(ink(), laidOver);
 }
+
+// The test writes the grid size over the refused one, which lays the wave anew in its place.
+TEST_F(PanelSetUp, KeepsTheClockWhenAWaveTakesThePlaceOfATest) {
+    const BoxAnswers answers({"0.01"});
+    panel.Press("cmdSoundWave");
+    panel.Type("txtNGridCells", "4");
+    panel.Press("cmdTest3");
+    EXPECT_NEAR(state.PeriodTime, 1.0, 0.02) << "the time in which the wave crosses the grid";
+    EXPECT_EQ(state.PlotInterval, state.PeriodTime / state.NPlotsPerPeriod);
+}

@@ -105,7 +105,8 @@ void BuildRiemannProblem(ExperimentState& state, const RiemannProblem& problem) 
 }
 
 void SetRiemannClock(ExperimentState& state, double tStop) {
-    state.PeriodTime = 1.0 / state.C[1];
+    // The fields may be those of a wave, laid after the sound speeds were worked out.
+    state.PeriodTime = 1.0 / std::sqrt(state.P[1] * state.Gamma / state.Rho[1]);
     state.TStop = tStop;
     state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
     state.TimeToPlot = state.PlotInterval;
