@@ -51,6 +51,13 @@ TEST(ResetAxisRanges, GivesAUniformFieldAFivePerCentSpan) {
     EXPECT_DOUBLE_EQ(state.VXMax, -2.0 + 0.05 * soundSpeed);
 }
 
+TEST(ResetAxisRanges, GivesAFastColdFlowALengthToo) {
+    ExperimentState state = UniformProblem(20, 1.0, 1e-8, 1e12);
+    ResetAxisRanges(state);
+    EXPECT_LT(state.VXMin, 1e12);
+    EXPECT_GT(state.VXMax, 1e12);
+}
+
 TEST(ResetAxisRanges, TakesInTheBoundingCellsAndSweepDoesNot) {
     ExperimentState state = UniformProblem(20, 1.0, 1.0, 0.0);
     state.Ux[0] = -4.0;

@@ -19,12 +19,17 @@ void GrowOver(ExperimentState& state, int first, int last) {
 
 void WidenZeroSpan(double& lo, double& hi, double reference) {
     if (hi != lo) return;
-    const double a = reference * Margin;
+    const double a = VisibleMargin(reference * Margin, hi);
     hi += a;
     lo -= a;
 }
 
 }  // namespace
+
+double VisibleMargin(double margin, double v) {
+    constexpr double least = 1e-12;
+    return std::max(margin, std::abs(v) * least);
+}
 
 void GrowAxisRange(double v, double& lo, double& hi, bool clampAtZero) {
     // 1.05*v - 0.05*lo would be the same number on paper, but for a quarter of all v it misses v by

@@ -3,6 +3,10 @@
 
 struct ExperimentState;
 
+// The margin around the single value v of an axis. In a fast flow of very cold gas the share of the
+// sound speed would be lost in the rounding of the velocity, and the axis would have no length.
+double VisibleMargin(double margin, double v);
+
 // Widens one variable's axis to take in the value v.
 //   v            the value, in the units of the axis
 //   lo, hi       the axis, lo <= hi; may come back equal only if v equals both

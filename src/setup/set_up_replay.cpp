@@ -6,6 +6,7 @@
 #include "display/control_values.h"
 #include "display/controls.h"
 #include "display/experiment_caption.h"
+#include "integration/axis_ranges.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
@@ -32,7 +33,7 @@ struct Extremes {
     // The axis that shows them; `noSpan` is its margin when they are equal.
     void SetAxis(double noSpan, double& lo, double& hi) const {
         const double span = (Greatest - Least) * Margin;
-        const double d = span > 0.0 ? span : noSpan;
+        const double d = span > 0.0 ? span : VisibleMargin(noSpan, Greatest);
         hi = Greatest + d;
         lo = Least - d;
     }
