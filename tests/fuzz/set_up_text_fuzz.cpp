@@ -1,10 +1,7 @@
 // One text for the reader of set-up files, whatever its bytes: it must come back with values that
 // keep the promises of the reader, with a short message, or with neither.
 //
-// With clang this is the libFuzzer target set_up_text_fuzz. To look for findings for five minutes:
-//   CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja
-//   cmake --build build-fuzz --target set_up_text_fuzz
-//   mkdir -p build-fuzz/corpus && build-fuzz/set_up_text_fuzz -max_total_time=300 build-fuzz/corpus
+// With clang this is the libFuzzer target set_up_text_fuzz, built and run by tools/fuzz.sh.
 // The tests call the same entry with texts from a seeded mutator.
 #include <cmath>
 #include <cstddef>
