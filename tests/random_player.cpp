@@ -8,9 +8,11 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 
 #include "display/surface.h"
+#include "integration/time_step.h"
 #include "panel/main_window.h"
 #include "panel_promises.h"
 
@@ -233,8 +235,11 @@ void RandomPlayer::ChooseGrayVariable() {
 }
 
 void RandomPlayer::FireTicks() {
-    const int n = panel_.Form().state.NGridCells;
-    const int ticks = n > 500 ? 1 : OneIn(20) ? 300 : 1 + Below(20);
+    // A whole run now and then, but not of a fine grid, nor of a wave that crawls.
+    const ExperimentState& state = panel_.Form().state;
+    const int affordable = 300'000 / (StepsOfTick(state) * state.NGridCells);
+    if (affordable < 1 && !OneIn(10)) return Press("cmdRestart");
+    const int ticks = std::clamp(OneIn(20) ? 300 : 1 + Below(20), 1, std::max(affordable, 1));
     Tell(QString("fire %1 ticks").arg(ticks));
     panel_.Tick(ticks);
 }
