@@ -232,10 +232,14 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
 
 }  // namespace
 
+int CallsPerStrip(const ExperimentState& state) {
+    return MeteredCells * state.MeterOn / state.NGridCells + 1;
+}
+
 void AdvanceAllStrips(ExperimentState& state, TickArrays& tick) {
     if (!tick.Library.IsLoaded()) return;
     tick.OpCounters.fill(0);
-    tick.RepeatCount = MeteredCells * state.MeterOn / state.NGridCells + 1;
+    tick.RepeatCount = CallsPerStrip(state);
     if (tick.Library.Kestrel64 != nullptr) {
         Drive64(state, tick);
     } else {

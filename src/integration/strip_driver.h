@@ -10,3 +10,7 @@ struct TickArrays;
 // it stood before the step, so that neither their order nor their number shows in the result.
 // With the meter on every call is repeated with the same arguments and the strip loop is timed.
 void AdvanceAllStrips(ExperimentState& state, TickArrays& tick);
+
+// How often each library call is made: once, or for the meter as often as it takes to update 80000
+// cells in a step whatever the grid.
+int CallsPerStrip(const ExperimentState& state);

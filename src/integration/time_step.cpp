@@ -15,9 +15,11 @@ namespace {
 // 0.9^300 is 2e-14: a scheme that still reports 1 or more then is not going to stop.
 constexpr int MostAttempts = 300;
 
-// A tick of at most this many cell updates comes back to the user within about a second. Only a
-// weak sound wave whose step is far below what its sound speed allows reaches it.
+// Cell updates of a tick that comes back to the user within about a second; who has turned the
+// meter on waits longer. Only a weak sound wave with a step far below what its sound speed allows
+// would take more.
 constexpr int MostCellUpdates = 20'000'000;
+constexpr int MostMeteredUpdates = 100'000'000;
 
 double SmallToZero(double velocity, double floor) {
     return velocity < floor && velocity > -floor ? 0.0 : velocity;
@@ -56,7 +58,8 @@ int StepsOfTick(const ExperimentState& state) {
     if (state.SoundWaveMode == 1 && state.RhoMax < weakWaveDensity) {
         steps = RoundToEven(0.1 / state.DTime);
     }
-    return std::clamp(steps, 1, MostCellUpdates / state.NGridCells);
+    const int updates = state.MeterOn > 0 ? MostMeteredUpdates : MostCellUpdates;
+    return std::clamp(steps, 1, updates / (state.NGridCells * CallsPerStrip(state)));
 }
 
 void AcceptStep(ExperimentState& state, const TickArrays& tick) {
