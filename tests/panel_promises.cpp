@@ -140,6 +140,9 @@ void CheckControls(const frmTernlow& form, Verdict& verdict) {
     const QScrollBar& cells = *controls.hsbMSelected;
     verdict.Require(cells.minimum() == 1 && cells.maximum() == state.NGridCells,
                     "range of hsbMSelected:", cells.minimum(), cells.maximum());
+    // A rebuild without points paints nothing, and it is the paints that bring the bar along.
+    verdict.Require(cells.value() == state.MSelected || state.NSelected == 0,
+                    "hsbMSelected, MSelected:", cells.value(), state.MSelected);
     for (const QScrollBar* bar :
          {controls.hsbDensity, controls.hsbPressure, controls.hsbVelocity}) {
         verdict.Require(bar->minimum() == -10000 && bar->maximum() == 10000,

@@ -12,6 +12,7 @@
 #include <cstdio>
 
 #include "display/surface.h"
+#include "integration/strip_driver.h"
 #include "integration/time_step.h"
 #include "panel/main_window.h"
 #include "panel_promises.h"
@@ -235,9 +236,9 @@ void RandomPlayer::ChooseGrayVariable() {
 }
 
 void RandomPlayer::FireTicks() {
-    // A whole run now and then, but not of a fine grid, nor of a wave that crawls.
+    // A whole run now and then, but not of a fine grid, nor metered, nor of a wave that crawls.
     const ExperimentState& state = panel_.Form().state;
-    const int affordable = 300'000 / (StepsOfTick(state) * state.NGridCells);
+    const int affordable = 600'000 / (StepsOfTick(state) * state.NGridCells * CallsPerStrip(state));
     if (affordable < 1 && !OneIn(10)) return Press("cmdRestart");
     const int ticks = std::clamp(OneIn(20) ? 300 : 1 + Below(20), 1, std::max(affordable, 1));
     Tell(QString("fire %1 ticks").arg(ticks));
