@@ -238,9 +238,9 @@ void RandomPlayer::ChooseGrayVariable() {
 void RandomPlayer::FireTicks() {
     // A whole run now and then, but not of a fine grid, nor metered, nor of a wave that crawls.
     const ExperimentState& state = panel_.Form().state;
-    const int affordable = 600'000 / (StepsOfTick(state) * state.NGridCells * CallsPerStrip(state));
-    if (affordable < 1 && !OneIn(10)) return Press("cmdRestart");
-    const int ticks = std::clamp(OneIn(20) ? 300 : 1 + Below(20), 1, std::max(affordable, 1));
+    const int cost = StepsOfTick(state) * state.NGridCells * CallsPerStrip(state);
+    if (cost > 3'000'000 && !OneIn(200)) return Press("cmdRestart");
+    const int ticks = std::clamp(OneIn(20) ? 300 : 1 + Below(20), 1, 600'000 / cost + 1);
     Tell(QString("fire %1 ticks").arg(ticks));
     panel_.Tick(ticks);
 }
