@@ -111,11 +111,11 @@ void __wrap__Z18ClearAndPaintPlotsR15ExperimentStateR8Controls(ExperimentState& 
     __real__Z18ClearAndPaintPlotsR15ExperimentStateR8Controls(state, controls);
 }
 
-void __real__Z18pctSpaceTime_PaintR15ExperimentStateR8Controls(ExperimentState&, Controls&);
-void __wrap__Z18pctSpaceTime_PaintR15ExperimentStateR8Controls(ExperimentState& state,
-                                                               Controls& controls) {
+void __real__Z16PaintFirstStatesR15ExperimentStateR8Controlsi(ExperimentState&, Controls&, int);
+void __wrap__Z16PaintFirstStatesR15ExperimentStateR8Controlsi(ExperimentState& state,
+                                                              Controls& controls, int states) {
     const TimeOf time(Part::Picture);
-    __real__Z18pctSpaceTime_PaintR15ExperimentStateR8Controls(state, controls);
+    __real__Z16PaintFirstStatesR15ExperimentStateR8Controlsi(state, controls, states);
 }
 
 void __real__Z7PutTextP9QLineEditRKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE(
