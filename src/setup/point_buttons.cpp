@@ -74,9 +74,12 @@ void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
 
 void cmdReset_Click(ExperimentState& state, Controls& controls) {
     if (state.Time != 0.0 || state.Stopped == 0) return;
-    for (int k = state.NSelected - 1; k >= 2; --k) {
-        PutText(controls.txtMSelected, GeneralNumber(state.MSelList[k]));
-        cmdDeselect_Click(state, controls);
+    {
+        const PlotsUnseen unseen(controls);
+        for (int k = state.NSelected - 1; k >= 2; --k) {
+            PutText(controls.txtMSelected, GeneralNumber(state.MSelList[k]));
+            cmdDeselect_Click(state, controls);
+        }
     }
     ClearAndPaintPlots(state, controls);
 }
