@@ -217,11 +217,17 @@ TEST(PanelLayout, StacksTheBigPictureAboveThePlotsAndBelowTheirBoxes) {
     }
 }
 
+TEST(Pictures, ShowInPartWhatTheWholeShowsThere) {
+    const QSize more(5000, 5000);
+    EXPECT_EQ(BackgroundPicture({1000, 766}), BackgroundPicture(more).copy(0, 0, 1000, 766));
+    EXPECT_EQ(StillPicture({97, 41}), StillPicture(more).copy(317, 256, 97, 41));
+    EXPECT_EQ(StillPicture(more).size(), QSize(731, 553));
+}
+
 // Yellow captions keep a contrast of 4 and white ones of 8: relative luminance stays below 0.08.
 TEST(Pictures, StayDarkBehindTheLabels) {
-    const QImage picture = BackgroundPicture();
+    const QImage picture = BackgroundPicture({1400, 1400});
     EXPECT_EQ(picture.size(), QSize(1400, 1400));
-    EXPECT_EQ(StillPicture().size(), QSize(731, 553));
     double brightest = 0.0;
     int teal = 0;
     int orange = 0;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
@@ -119,6 +120,27 @@ TEST(ScrollBarRule, ADragTellsEachValueOnceWithTheThumbDown) {
     EXPECT_EQ(dragged + put, 2) << "the release tells nothing";
     PutBarValue(&bar, 17);
     EXPECT_EQ(put, 1);
+}
+
+// Only the surroundings of the thumb are painted anew: the screen must not tell.
+TEST(ScrollBarRule, ALongerRangeLeavesTheScreenAsAWholePaintWould) {
+    QWidget window;
+    PanelScrollBar bar(Qt::Vertical, &window);
+    bar.setGeometry(0, 0, 41, 441);
+    window.resize(41, 441);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    for (const int maximum : {1, 2, 3, 9, 40, 41, 600, 2001, 5, 0}) {
+        PutBarRange(&bar, 0, maximum);
+        if (maximum == 9) PutBarValue(&bar, 4);
+        QCoreApplication::processEvents();
+        auto* const screen = dynamic_cast<QImage*>(window.backingStore()->paintDevice());
+        ASSERT_NE(screen, nullptr);
+        const QImage shown = screen->convertToFormat(QImage::Format_RGB32);
+        const QImage whole = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        ASSERT_EQ(shown.size(), whole.size());
+        EXPECT_TRUE(shown == whole) << maximum;
+    }
 }
 
 TEST(ScrollBarRule, TheWheelNeedsTheFocusAndKeysWork) {

@@ -25,8 +25,10 @@ std::string TextOf(const QLineEdit* box) {
     return box->text().toStdString();
 }
 
+// The toolkit would lay the same text out again and move the user's cursor to its end.
 void PutText(QLineEdit* box, const std::string& text) {
-    box->setText(QString::fromStdString(text));
+    const QString put = QString::fromStdString(text);
+    if (box->text() != put) box->setText(put);
 }
 
 void PutTime(QLineEdit* box, double time) {

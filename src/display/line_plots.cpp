@@ -70,9 +70,12 @@ void ShowSelectedCell(ExperimentState& state, Controls& controls) {
 // and their handlers can widen an axis.
 void PaintPlot(ExperimentState& state, Controls& controls, const Plot& plot, const Values& v,
                const double& lo, const double& hi) {
-    const PlotScale scale(state, plot.Picture.ScaleWidth(), plot.Picture.ScaleHeight(), {lo, hi});
-    DrawCurve(state, scale, v, plot.Picture);
-    DrawMarks(state, scale, v, plot.Picture);
+    if (!plot.Picture.IsUnseen()) {
+        const PlotScale scale(state, plot.Picture.ScaleWidth(), plot.Picture.ScaleHeight(),
+                              {lo, hi});
+        DrawCurve(state, scale, v, plot.Picture);
+        DrawMarks(state, scale, v, plot.Picture);
+    }
     ShowSelectedCell(state, controls);
     if (!plot.HasBoxes) return;
     const char* format = state.SoundWaveMode == 0 ? "##0.0####" : "##0.0######";
@@ -85,7 +88,22 @@ void PaintCurve(ExperimentState& state, Controls& controls, const Plot& plot,
     PaintPlot(state, controls, plot, curve.Values, curve.Limits.Lo, curve.Limits.Hi);
 }
 
+void SetUnseen(const Controls& controls, bool isUnseen) {
+    controls.pctDensityPlot->SetUnseen(isUnseen);
+    controls.pctPressurePlot->SetUnseen(isUnseen);
+    controls.pctVelocityPlot->SetUnseen(isUnseen);
+}
+
 }  // namespace
+
+PlotsUnseen::PlotsUnseen(Controls& controls)
+    : controls_(controls), wereUnseen_(controls.pctDensityPlot->IsUnseen()) {
+    SetUnseen(controls_, true);
+}
+
+PlotsUnseen::~PlotsUnseen() {
+    SetUnseen(controls_, wereUnseen_);
+}
 
 void pctDensityPlot_Paint(ExperimentState& state, Controls& controls) {
     const Plot plot{*controls.pctDensityPlot, controls.txtDensityMin, controls.txtDensityMax, true};

@@ -16,5 +16,20 @@ void pctVelocityPlot_Paint(ExperimentState& state, Controls& controls);
 void PaintPlots(ExperimentState& state, Controls& controls);
 void ClearAndPaintPlots(ExperimentState& state, Controls& controls);
 
+// While it lives the paints draw nothing and only bring the boxes up to date. For a procedure that
+// paints many times before anybody can look: whoever makes one sees to it that all three surfaces
+// are cleared and painted after its end.
+class PlotsUnseen {
+public:
+    explicit PlotsUnseen(Controls& controls);
+    ~PlotsUnseen();
+    PlotsUnseen(const PlotsUnseen&) = delete;
+    PlotsUnseen& operator=(const PlotsUnseen&) = delete;
+
+private:
+    Controls& controls_;
+    bool wereUnseen_;
+};
+
 // Clears all three surfaces, then paints; lays the curves over the old ones if MultiplePlots is 1.
 void RepaintPlots(ExperimentState& state, Controls& controls);

@@ -38,8 +38,13 @@ inline double Held(double value, double lowest, double highest) {
     return raised < highest ? raised : highest;
 }
 
-// The raw level of a stored value. The bounds hold back only what is not finite: between the
-// extremes of its table no value leaves 0..245 by more than a rounding.
+// The raw level of a finite value: between the extremes of its table none leaves 0..245 by more
+// than a rounding.
+inline double FiniteRawLevel(float value, const GrayScale& gray) {
+    return (static_cast<double>(value) - gray.Lo) * gray.Scale;
+}
+
+// The raw level of any stored value. The bounds hold back only what is not finite.
 inline double RawLevel(float value, const GrayScale& gray) {
-    return Held((static_cast<double>(value) - gray.Lo) * gray.Scale, 0.0, 245.25);
+    return Held(FiniteRawLevel(value, gray), 0.0, 245.25);
 }

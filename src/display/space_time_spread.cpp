@@ -1,6 +1,7 @@
 #include "display/space_time_spread.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
 #include <cstddef>
 
@@ -81,6 +82,16 @@ void LayRows(int NS, int H, SpreadWork& work) {
     }
 }
 
+// No branches and no sums: this turns into vector instructions.
+bool AllFinite(const float* values, int count) {
+    constexpr std::uint32_t exponent = 0x7F800000;
+    std::uint32_t found = 0;
+    for (int i = 0; i < count; ++i) {
+        found |= (std::bit_cast<std::uint32_t>(values[i]) & exponent) == exponent ? 1U : 0U;
+    }
+    return found == 0;
+}
+
 // Level, and Touch: the touches of cells 1..N, and behind them their raw levels.
 void FindTouches(const float* state, SpreadWork& work) {
     const int N = work.N;
@@ -90,10 +101,12 @@ void FindTouches(const float* state, SpreadWork& work) {
     double* const raw = touch + N;
     const double* const lead = work.Lead.data();
     const double* const own = work.Own.data();
-    for (int i = 1; i <= N; ++i) {
-        raw[i] = RawLevel(state[i], gray);
-        level[i] = NearestWhole(raw[i]) + LevelLift;
+    if (AllFinite(state + 1, N)) {
+        for (int i = 1; i <= N; ++i) raw[i] = FiniteRawLevel(state[i], gray);
+    } else {
+        for (int i = 1; i <= N; ++i) raw[i] = RawLevel(state[i], gray);
     }
+    for (int i = 1; i <= N; ++i) level[i] = NearestWhole(raw[i]) + LevelLift;
     for (int i = 1; i <= N; ++i) touch[i] = lead[i] * level[i - 1] + own[i] * level[i];
 }
 

@@ -53,7 +53,11 @@ void ShowBoxesUnderPicture(Controls& controls, bool visible) {
 }  // namespace
 
 void pctSpaceTime_Paint(ExperimentState& state, Controls& controls) {
-    if (state.NStored <= 1) return;
+    PaintFirstStates(state, controls, state.NStored);
+}
+
+void PaintFirstStates(ExperimentState& state, Controls& controls, int states) {
+    if (states <= 1) return;
     Surface& surface = *controls.pctSpaceTime;
     const int height = RoundToEven(surface.ScaleHeight());
     const int width = RoundToEven(surface.ScaleWidth());
@@ -67,9 +71,9 @@ void pctSpaceTime_Paint(ExperimentState& state, Controls& controls) {
     if (stored == nullptr) return;
 
     double lo = 0.0, hi = 0.0;
-    DrawSpaceTime({stored->At(0), state.NGridCells, state.NStored, state.NGridCells + 2,
-                   state.StoreGeneration},
-                  lo, hi, width, height, raster);
+    DrawSpaceTime(
+        {stored->At(0), state.NGridCells, states, state.NGridCells + 2, state.StoreGeneration}, lo,
+        hi, width, height, raster);
     ShowRaster(surface, raster);
     if (isBig) {
         PutText(controls.txtVelocityMin, FormatNumber(lo, "##0.0####"));

@@ -8,6 +8,10 @@ struct ExperimentState;
 // Nothing before two states are stored. Plover carries no smoke: its picture falls back to density.
 void pctSpaceTime_Paint(ExperimentState& state, Controls& controls);
 
+// The same over the first `states` stored states only: the picture as it was when there were no
+// more. Nothing for fewer than two.
+void PaintFirstStates(ExperimentState& state, Controls& controls, int states);
+
 // A click makes the picture small, a double click big. Big, it lends itself the velocity plot's
 // caption and limits and hides the boxes that it would lie under.
 void pctSpaceTime_Click(ExperimentState& state, Controls& controls);

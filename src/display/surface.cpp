@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <utility>
 
@@ -16,6 +17,20 @@ constexpr std::size_t MostKeptPoints = 32768;
 
 bool IsFinite(QPointF point) {
     return std::isfinite(point.x()) && std::isfinite(point.y());
+}
+
+// The picture in the format of the surface's own image. The toolkit's conversion would wake its
+// threads for it, which takes longer than the work.
+QImage InColour(const QImage& gray) {
+    const int width = gray.width();
+    const int height = gray.height();
+    QImage picture(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        const uchar* const levels = gray.constScanLine(y);
+        auto* const pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        for (int x = 0; x < width; ++x) pixels[x] = 0xFF000000 | (levels[x] * 0x010101U);
+    }
+    return picture;
 }
 
 }  // namespace
@@ -62,8 +77,9 @@ void Surface::BoxOutline(float x, float y, float w, float h) {
 
 void Surface::ShowGray(const QImage& gray) {
     if (gray.isNull()) return;
+    assert(gray.format() == QImage::Format_Grayscale8);
     Erase();
-    Keep(gray.copy(), 0);
+    Keep(InColour(gray), 0);
 }
 
 void Surface::Refresh() {

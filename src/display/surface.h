@@ -41,8 +41,14 @@ public:
     void BoxFilled(float x, float y, float w, float h);
     void BoxOutline(float x, float y, float w, float h);
 
-    // Shows a copy of a picture over the whole surface, in place of all that was drawn.
+    // Shows a copy of a picture in 256 grays, 8 bits a pixel, over the whole surface, in place of
+    // all that was drawn.
     void ShowGray(const QImage& gray);
+
+    // True while nobody will see what is drawn here, because the surface is going to be cleared
+    // first: whoever draws can leave it out. Changes nothing that the surface shows.
+    bool IsUnseen() const { return isUnseen_; }
+    void SetUnseen(bool isUnseen) { isUnseen_ = isUnseen; }
 
     // Brings what was drawn to the screen when the present event has been handled.
     void Refresh();
@@ -89,6 +95,7 @@ private:
     std::size_t drawn_ = 0;       // items that image_ holds already
     bool blank_ = true;           // image_ has to be erased before the first item
     QImage image_;
+    bool isUnseen_ = false;
     bool updatePosted_ = false;  // a paint event is on its way
     bool pressedHere_ = false;   // the button went down here and the release will be a click
 };

@@ -17,47 +17,54 @@
 
 namespace {
 
-// Stores the state that a plot time has brought, if there is room, and shows its number. A coarse
-// grid, whose states come fast, repaints the picture only every so many states.
-void StoreAtPlotTime(ExperimentState& state, Controls& controls) {
-    if (!StoreHasRoom(state)) return;
+// Stores the state that a plot time has brought, if there is room, and shows its number. True if
+// the picture is to be repainted: a coarse grid, whose states come fast, repaints it only every so
+// many states.
+bool StoreAtPlotTime(ExperimentState& state, Controls& controls) {
+    if (!StoreHasRoom(state)) return false;
     StoreState(state);
     PutBarRange(controls.vsbStoredStateNumber, 0, state.NStored - 1);
     PutText(controls.txtStoredStateNumber, GeneralNumber(state.StoredStateNumber));
     const int statesPerPaint = std::max(1000 / state.NGridCells, 1);
-    if (state.NStored % statesPerPaint == 0) pctSpaceTime_Paint(state, controls);
+    return state.NStored % statesPerPaint == 0;
 }
 
-// Runs the steps of the tick; the end of the run cuts them short.
-void RunSteps(ExperimentState& state, Controls& controls) {
+// Runs the steps of the tick; the end of the run cuts them short. Gives the number of states on the
+// last picture that falls into the tick, 0 if none does.
+int RunSteps(ExperimentState& state, Controls& controls) {
     TickArrays tick(state);
+    int statesOnPicture = 0;
     const int steps = StepsOfTick(state);
     for (int step = 1; step <= steps; ++step) {
         const bool stepTaken = TakeTimeStep(state, tick);
         if (state.MeterOn > 0 && tick.Library.IsLoaded()) ShowMeter(state, controls, tick);
         if (!stepTaken) {
             state.Stopped = 1;
-            return;
+            break;
         }
         PutTime(controls.txtTime, state.Time);
         if (state.TimeToPlot > 0.0) continue;
 
         state.TimeToPlot += state.PlotInterval;  // the overshoot is carried
         SweepAxisRanges(state);
-        StoreAtPlotTime(state, controls);
+        if (StoreAtPlotTime(state, controls)) statesOnPicture = state.NStored;
         if (state.Time >= state.TStop) {
-            pctSpaceTime_Paint(state, controls);
+            statesOnPicture = state.NStored;
             state.Stopped = 1;
-            return;
+            break;
         }
     }
+    return statesOnPicture;
 }
 
 }  // namespace
 
 void tmrMetronome_Timer(ExperimentState& state, Controls& controls) {
     if (state.Stopped != 0) return;
-    RunSteps(state, controls);
+    // Nobody sees the screen during a tick: of several pictures only the last is worth its paint.
+    const int statesOnPicture = RunSteps(state, controls);
+    PaintFirstStates(state, controls, statesOnPicture);
+
     FillBoundaryZones(state);
     SweepAxisRanges(state);
     state.MultiplePlots = 0;

@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -18,6 +19,17 @@
 
 namespace {
 
+// Every window of a process shows the same pictures: they are worked out once for each size.
+QPixmap Shared(const QString& name, QImage (*picture)(const QSize& seen), const QSize& seen) {
+    const QString key = QString("%1 %2 %3").arg(name).arg(seen.width()).arg(seen.height());
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap::fromImage(picture(seen));
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
 CaptionAlignment AlignmentOf(bool isCentred) {
     return isCentred ? CaptionAlignment::Centred : CaptionAlignment::Left;
 }
@@ -26,11 +38,11 @@ CaptionAlignment AlignmentOf(bool isCentred) {
 
 // The texts of the design come first and the handlers are connected afterwards: a text that the
 // panel is made with is no edit.
-frmTernlow::frmTernlow(const PanelScale& scale)
-    : scale_(scale), background_(QPixmap::fromImage(BackgroundPicture())) {
+frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
     setObjectName("frmTernlow");
     setWindowTitle(WindowTitle);
     setFixedSize(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
+    background_ = Shared("background", BackgroundPicture, size());
 
     MakeButtons();
     MakeTextBoxes();
@@ -62,7 +74,6 @@ void frmTernlow::Dress(QWidget& control, const Row& row, const QString& spokenNa
 }
 
 void frmTernlow::MakeButtons() {
-    const QPixmap still = QPixmap::fromImage(StillPicture());
     for (const ButtonRow& row : Buttons) {
         auto* button = new WrappingButton(row.Caption, this);
         Dress(*button, row, row.Caption);
@@ -70,7 +81,7 @@ void frmTernlow::MakeButtons() {
         button->setFont(FontOf(row.Font));
         button->setAutoDefault(true);  // Enter presses the button that has the focus
         if (row.Face != Plain) button->ShowFace(QColor(row.Face));
-        if (row.HasStill) button->ShowPicture(still);
+        if (row.HasStill) button->ShowPicture(Shared("still", StillPicture, button->size()));
         controls.*row.Control = button;
     }
 }

@@ -1,6 +1,7 @@
 #include "panel/panel_scroll_bar.h"
 
 #include <QPainter>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 
 #include "panel/edge_drawing.h"
@@ -15,11 +16,31 @@ PanelScrollBar::PanelScrollBar(Qt::Orientation orientation, QWidget* parent)
 
 void PanelScrollBar::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
+    paintedThumb_ = Thumb();
     if (!hasFocus()) return;
     QPainter painter(this);
     const QColor highlight = palette().color(QPalette::Highlight);
     DrawEdges(painter, rect(), highlight);
     DrawEdges(painter, rect().adjusted(1, 1, -1, -1), highlight);
+}
+
+QRect PanelScrollBar::Thumb() const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+}
+
+// During a run the range of a bar grows all the time. Nothing but the thumb looks different then,
+// and that only until it is as small as it gets.
+void PanelScrollBar::sliderChange(SliderChange change) {
+    if (change != SliderRangeChange) {
+        QScrollBar::sliderChange(change);
+        return;
+    }
+    constexpr int shadow = 3;  // pixels around the thumb that go with it
+    const QRect thumb = Thumb();
+    if (thumb == paintedThumb_) return;
+    update(thumb.united(paintedThumb_).adjusted(-shadow, -shadow, shadow, shadow));
 }
 
 void PanelScrollBar::wheelEvent(QWheelEvent* event) {

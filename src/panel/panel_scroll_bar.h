@@ -11,5 +11,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void sliderChange(SliderChange change) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QRect Thumb() const;
+
+    QRect paintedThumb_;
 };

@@ -108,11 +108,23 @@ Origin OriginOf(float x, float y, const std::vector<Vortex>& vortices) {
             static_cast<std::int32_t>(std::clamp(y, 0.F, 0.999F) * fixed)};
 }
 
-// One row of nodes, from the left edge of the picture to past its right edge.
-std::vector<Origin> NodeRow(const QSize& size, int y, const std::vector<Vortex>& vortices) {
+// What is worked out of a picture of that height.
+struct Part {
+    QRect Seen;
+    int WholeHeight;
+};
+
+// The first node at or before a pixel.
+int NodeBefore(int pixel) {
+    return pixel / NodeSpacing * NodeSpacing;
+}
+
+// One row of nodes, from before the left edge of what is seen to past its right edge.
+std::vector<Origin> NodeRow(const Part& part, int y, const std::vector<Vortex>& vortices) {
     std::vector<Origin> row;
-    const auto unit = static_cast<float>(size.height());
-    for (int x = 0; x < size.width() + NodeSpacing; x += NodeSpacing) {
+    const auto unit = static_cast<float>(part.WholeHeight);
+    const int end = part.Seen.right() + 1 + NodeSpacing;
+    for (int x = NodeBefore(part.Seen.left()); x < end; x += NodeSpacing) {
         row.push_back(
             OriginOf(static_cast<float>(x) / unit, static_cast<float>(y) / unit, vortices));
     }
@@ -126,7 +138,7 @@ Origin Between(const Origin& a, const Origin& b, int part) {
 }
 
 template <std::size_t Count>
-QImage DyedFlow(const QSize& size, const std::vector<Vortex>& vortices,
+QImage DyedFlow(const Part& part, const std::vector<Vortex>& vortices,
                 const std::array<Layer, Count>& layers) {
     const Tints ground = TintsOf(layers, &Layer::Colour);
     const Tints patches = TintsOf(layers, &Layer::Patch);
@@ -137,19 +149,24 @@ QImage DyedFlow(const QSize& size, const std::vector<Vortex>& vortices,
         return Mixed(ground[height], patches[height], strengths[along]);
     };
 
-    QImage picture(size, QImage::Format_RGB32);
-    std::vector<Origin> upper = NodeRow(size, 0, vortices);
-    for (int top = 0; top < size.height(); top += NodeSpacing) {
-        const std::vector<Origin> lower = NodeRow(size, top + NodeSpacing, vortices);
-        for (int y = top; y < std::min(top + NodeSpacing, size.height()); ++y) {
-            auto* const pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    const QRect& seen = part.Seen;
+    QImage picture(seen.size(), QImage::Format_RGB32);
+    const int leftmost = NodeBefore(seen.left());
+    const int topmost = NodeBefore(seen.top());
+    std::vector<Origin> upper = NodeRow(part, topmost, vortices);
+    for (int top = topmost; top <= seen.bottom(); top += NodeSpacing) {
+        const std::vector<Origin> lower = NodeRow(part, top + NodeSpacing, vortices);
+        const int lastRow = std::min(top + NodeSpacing - 1, seen.bottom());
+        for (int y = std::max(top, seen.top()); y <= lastRow; ++y) {
+            auto* const pixels = reinterpret_cast<QRgb*>(picture.scanLine(y - seen.top()));
             Origin right = Between(upper[0], lower[0], y - top);
             for (std::size_t node = 1; node < upper.size(); ++node) {
                 const Origin left = right;
                 right = Between(upper[node], lower[node], y - top);
-                const int first = static_cast<int>(node - 1) * NodeSpacing;
-                for (int x = first; x < std::min(first + NodeSpacing, size.width()); ++x) {
-                    pixels[x] = tint(Between(left, right, x - first));
+                const int first = leftmost + static_cast<int>(node - 1) * NodeSpacing;
+                const int last = std::min(first + NodeSpacing - 1, seen.right());
+                for (int x = std::max(first, seen.left()); x <= last; ++x) {
+                    pixels[x - seen.left()] = tint(Between(left, right, x - first));
                 }
             }
         }
@@ -160,7 +177,8 @@ QImage DyedFlow(const QSize& size, const std::vector<Vortex>& vortices,
 
 }  // namespace
 
-QImage BackgroundPicture() {
+QImage BackgroundPicture(const QSize& seen) {
+    const QRect whole(0, 0, 1400, 1400);
     const std::vector<Vortex> vortices = {
         {0.16F, 0.20F, 0.17F, 2.9F},  {0.52F, 0.16F, 0.13F, -2.8F}, {0.33F, 0.40F, 0.13F, 2.9F},
         {0.60F, 0.38F, 0.13F, -3.0F}, {0.05F, 0.47F, 0.11F, -2.4F}, {0.80F, 0.20F, 0.13F, 2.6F},
@@ -181,10 +199,12 @@ QImage BackgroundPicture() {
         {0.80F, 0xFF02050F, 0xFF0A565C},
         {1.00F, 0xFF071634, 0xFF4A3320},
     }};
-    return DyedFlow(QSize(1400, 1400), vortices, layers);
+    const QRect part(QPoint(), seen.boundedTo(whole.size()));
+    return DyedFlow({part, whole.height()}, vortices, layers);
 }
 
-QImage StillPicture() {
+QImage StillPicture(const QSize& seen) {
+    const QRect whole(0, 0, 731, 553);
     const std::vector<Vortex> vortices = {
         {0.62F, 0.48F, 0.065F, 3.4F}, {0.74F, 0.50F, 0.050F, -2.4F}, {0.20F, 0.40F, 0.20F, -3.5F},
         {1.10F, 0.60F, 0.20F, 3.5F},  {0.66F, 0.15F, 0.18F, 3.0F},   {0.60F, 0.85F, 0.18F, -3.0F},
@@ -200,5 +220,7 @@ QImage StillPicture() {
         {0.75F, 0xFF0A1A60, 0xFFB04010},
         {1.00F, 0xFF401028, 0xFF102878},
     }};
-    return DyedFlow(QSize(731, 553), vortices, layers);
+    const QSize size = seen.boundedTo(whole.size());
+    const QPoint corner((whole.width() - size.width()) / 2, (whole.height() - size.height()) / 2);
+    return DyedFlow({QRect(corner, size), whole.height()}, vortices, layers);
 }

@@ -3,9 +3,11 @@
 
 #include <QImage>
 
-// The scene behind the controls, 1400 x 1400 pixels: blue and black with patches of teal and dull
-// orange, everywhere dark enough for yellow and white captions.
-QImage BackgroundPicture();
+// Only what is seen of a picture is worked out: `seen` is its size in pixels, at most the whole.
 
-// The still on the test buttons, 731 x 553 pixels: orange, red and blue.
-QImage StillPicture();
+// The scene behind the controls from its top left corner, 1400 x 1400 pixels in all: blue and black
+// with patches of teal and dull orange, everywhere dark enough for yellow and white captions.
+QImage BackgroundPicture(const QSize& seen);
+
+// The middle of the still on the test buttons, 731 x 553 pixels in all: orange, red and blue.
+QImage StillPicture(const QSize& seen);

@@ -53,13 +53,20 @@ void SetOuterEdges(ExperimentState& state) {
 }
 
 double ShortestCrossingTime(ExperimentState& state, double bound) {
+    const int count = state.NGridCells + 2;
+    const double gamma = state.Gamma;
+    const double* const x = state.X.At(0);
+    const double* const rho = state.Rho.At(0);
+    const double* const p = state.P.At(0);
+    const double* const ux = state.Ux.At(0);
+    double* const c2 = state.C2.At(0);
+    double* const c = state.C.At(0);
+    for (int i = 0; i < count; ++i) c2[i] = p[i] * gamma / rho[i];
+    for (int i = 0; i < count; ++i) c[i] = std::sqrt(c2[i]);
     double shortest = bound;
-    for (int i = 0; i <= state.NGridCells + 1; ++i) {
-        state.C2[i] = state.P[i] * state.Gamma / state.Rho[i];
-        state.C[i] = std::sqrt(state.C2[i]);
-        const double speed =
-            std::max(std::abs(state.Ux[i] + state.C[i]), std::abs(state.Ux[i] - state.C[i]));
-        shortest = std::min(shortest, (state.X[i + 1] - state.X[i]) / speed);
+    for (int i = 0; i < count; ++i) {
+        const double speed = std::max(std::abs(ux[i] + c[i]), std::abs(ux[i] - c[i]));
+        shortest = std::min(shortest, (x[i + 1] - x[i]) / speed);
     }
     return shortest;
 }

@@ -75,9 +75,12 @@ void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
 
 void cmdReset_Click(ExperimentState& state, Controls& controls) {
     if (!IsBeforeRun(state)) return;
-    for (int k = state.NSelected - 1; k >= 2; --k) {
-        PutText(controls.txtMSelected, GeneralNumber(state.MSelList[k]));
-        cmdDeselect_Click(state, controls);
+    {
+        const PlotsUnseen unseen(controls);
+        for (int k = state.NSelected - 1; k >= 2; --k) {
+            PutText(controls.txtMSelected, GeneralNumber(state.MSelList[k]));
+            cmdDeselect_Click(state, controls);
+        }
     }
     ClearAndPaintPlots(state, controls);
 }

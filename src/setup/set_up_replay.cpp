@@ -6,6 +6,7 @@
 #include "display/control_values.h"
 #include "display/controls.h"
 #include "display/experiment_caption.h"
+#include "display/line_plots.h"
 #include "integration/axis_ranges.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
@@ -110,8 +111,14 @@ void ReplayPoints(ExperimentState& state, Controls& controls) {
                               {state.PSelList[1], state.PSelList[1]},
                               {state.VxSelList[1], state.VxSelList[1]}};
     const int count = state.NSelected;
-    for (int k = 1; k <= count; ++k) ReplayPoint(state, controls, k, extremes);
     if (count == 0) return;
+    {
+        // Every pass clears the plots before it paints them, and nothing is shown in between: only
+        // what the last one draws is ever seen.
+        const PlotsUnseen unseen(controls);
+        for (int k = 1; k < count; ++k) ReplayPoint(state, controls, k, extremes);
+    }
+    ReplayPoint(state, controls, count, extremes);
     PutAndRun(state, controls, controls.txtNPeriods, GeneralNumber(state.Periods),
               txtNPeriods_Change);
     PutAndRun(state, controls, controls.txtNPlotsPerPeriod, GeneralNumber(state.NPlotsPerPeriod),
