@@ -5,13 +5,10 @@
 
 #include "integration/axis_ranges.h"
 #include "model/experiment_state.h"
+#include "model/gas.h"
 #include "model/number_text.h"
 
 namespace {
-
-double AcousticImpedance(const ExperimentState& state, int i) {
-    return std::sqrt(state.P[i] * state.Gamma * state.Rho[i]);
-}
 
 double EntropyFunction(const ExperimentState& state, int i) {
     return state.P[i] / std::pow(state.Rho[i], state.Gamma);

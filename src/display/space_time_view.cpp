@@ -22,7 +22,7 @@ struct GrayVariable {
     OffsetArray<float> ExperimentState::*Stored;
 };
 
-constexpr GrayVariable GrayVariables[] = {
+constexpr GrayVariable StoredVariables[] = {
     {"Density", &ExperimentState::SRho},   {"Pressure", &ExperimentState::SP},
     {"Velocity", &ExperimentState::SUx},   {"VY", &ExperimentState::SUy},
     {"FSmoke", &ExperimentState::SFSmoke}, {"R+", &ExperimentState::SRPlus},
@@ -30,7 +30,7 @@ constexpr GrayVariable GrayVariables[] = {
 };
 
 const OffsetArray<float>* StoredVariable(const ExperimentState& state, const std::string& name) {
-    for (const GrayVariable& variable : GrayVariables) {
+    for (const GrayVariable& variable : StoredVariables) {
         if (name == variable.Name) return &(state.*variable.Stored);
     }
     return nullptr;

@@ -83,7 +83,6 @@ void Surface::ShowGray(const QImage& gray) {
 }
 
 void Surface::Refresh() {
-    if (std::exchange(updatePosted_, true)) return;
     update();
 }
 
@@ -173,7 +172,6 @@ void Surface::Draw(const QImage& picture) {
 }
 
 void Surface::paintEvent(QPaintEvent* /*event*/) {
-    updatePosted_ = false;
     Rasterise();
     QPainter(this).drawImage(0, 0, image_);
 }

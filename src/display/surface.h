@@ -96,6 +96,5 @@ private:
     bool blank_ = true;           // image_ has to be erased before the first item
     QImage image_;
     bool isUnseen_ = false;
-    bool updatePosted_ = false;  // a paint event is on its way
-    bool pressedHere_ = false;   // the button went down here and the release will be a click
+    bool pressedHere_ = false;  // the button went down here and the release will be a click
 };

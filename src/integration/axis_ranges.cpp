@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr double Margin = 0.05;
-
 void GrowOver(ExperimentState& state, int first, int last) {
     for (int i = first; i <= last; ++i) {
         GrowAxisRange(state.Rho[i], state.RhoMin, state.RhoMax, /*clampAtZero=*/true);
@@ -19,7 +17,7 @@ void GrowOver(ExperimentState& state, int first, int last) {
 
 void WidenZeroSpan(double& lo, double& hi, double reference) {
     if (hi != lo) return;
-    const double a = VisibleMargin(reference * Margin, hi);
+    const double a = VisibleMargin(reference * AxisMargin, hi);
     hi += a;
     lo -= a;
 }
@@ -34,9 +32,9 @@ double VisibleMargin(double margin, double v) {
 void GrowAxisRange(double v, double& lo, double& hi, bool clampAtZero) {
     // 1.05*v - 0.05*lo would be the same number on paper, but for a quarter of all v it misses v by
     // a rounding when lo == v.
-    if (v >= hi) hi = v + Margin * (v - lo);
+    if (v >= hi) hi = v + AxisMargin * (v - lo);
     if (v <= lo) {
-        const double pushed = v + Margin * (v - hi);
+        const double pushed = v + AxisMargin * (v - hi);
         lo = clampAtZero ? std::max(pushed, 0.0) : pushed;
     }
 }

@@ -3,6 +3,9 @@
 
 struct ExperimentState;
 
+// The share of its span, or of the value itself, by which an axis reaches past the data.
+constexpr double AxisMargin = 0.05;
+
 // The margin around the single value v of an axis. In a fast flow of very cold gas the share of the
 // sound speed would be lost in the rounding of the velocity, and the axis would have no length.
 double VisibleMargin(double margin, double v);

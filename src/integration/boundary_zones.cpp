@@ -1,11 +1,9 @@
 #include "integration/boundary_zones.h"
 
+#include "model/boundary_types.h"
 #include "model/experiment_state.h"
 
 namespace {
-
-constexpr int Reflecting = 1;
-constexpr int Periodic = 4;
 
 // The five fields of cell `to` become those of cell `from`, Ux times `sign`.
 void CopyCell(ExperimentState& state, int from, int to, double sign) {
@@ -29,7 +27,7 @@ void FillPeriodic(ExperimentState& state) {
 
 void FillLeft(ExperimentState& state) {
     for (int k = 1; k <= state.NBDY; ++k) {
-        if (state.MnBdry == Reflecting) {
+        if (state.MnBdry == ReflectingBoundary) {
             state.X[1 - k] = state.X[1] + state.X[1] - state.X[1 + k];
             CopyCell(state, k, 1 - k, -1.0);
         } else {
@@ -42,7 +40,7 @@ void FillLeft(ExperimentState& state) {
 void FillRight(ExperimentState& state) {
     const int n = state.NGridCells;
     for (int k = 1; k <= state.NBDY; ++k) {
-        if (state.MxBdry == Reflecting) {
+        if (state.MxBdry == ReflectingBoundary) {
             state.X[n + 1 + k] = state.X[n + 1] + state.X[n + 1] - state.X[n + 1 - k];
             CopyCell(state, n + 1 - k, n + k, -1.0);
         } else {
@@ -55,7 +53,7 @@ void FillRight(ExperimentState& state) {
 }  // namespace
 
 void FillBoundaryZones(ExperimentState& state) {
-    if (state.MnBdry == Periodic) {
+    if (state.MnBdry == PeriodicBoundary) {
         FillPeriodic(state);
     } else {
         FillLeft(state);

@@ -21,6 +21,7 @@ namespace {
 // the picture is to be repainted: a coarse grid, whose states come fast, repaints it only every so
 // many states.
 bool StoreAtPlotTime(ExperimentState& state, Controls& controls) {
+    state.StoreOffset = (state.NGridCells + 2) * state.NStored;
     if (!StoreHasRoom(state)) return false;
     StoreState(state);
     PutBarRange(controls.vsbStoredStateNumber, 0, state.NStored - 1);

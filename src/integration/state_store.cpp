@@ -6,6 +6,7 @@
 
 #include "integration/boundary_zones.h"
 #include "model/experiment_state.h"
+#include "model/gas.h"
 #include "model/number_text.h"
 
 namespace {
@@ -41,10 +42,6 @@ void CopyFields(ExperimentState& state, int base) {
         state.SEntropy[base + i] =
             static_cast<float>(std::pow(state.Rho[i], -state.Gamma) * state.P[i]);
     }
-}
-
-double AcousticImpedance(const ExperimentState& state, int i) {
-    return std::sqrt(state.P[i] * state.Gamma * state.Rho[i]);
 }
 
 // dR+ = du + dp/Z and dR- = du - dp/Z from cell to cell, Z being the mean impedance of the two.
@@ -96,6 +93,13 @@ void ResizeStore(ExperimentState& state) {
                       [&](OffsetArray<float>& array) { array.Resize(state.StoreCapacity, keep); });
 }
 
+void EmptyStore(ExperimentState& state) {
+    state.StoredT[0] = state.Time;
+    state.StoreOffset = 0;
+    state.NStored = 0;
+    state.StoredStateNumber = 0;
+}
+
 void TakeSnapshot(ExperimentState& state, int base) {
     if (base < Stride(state) * state.NStored || base == 0) state.StoreGeneration += 1;
     CopyFields(state, base);
@@ -109,11 +113,10 @@ bool StoreHasRoom(const ExperimentState& state) {
 
 void StoreState(ExperimentState& state) {
     assert(StoreHasRoom(state));
-    state.StoreOffset = Stride(state) * state.NStored;
     FillBoundaryZones(state);
-    TakeSnapshot(state, state.StoreOffset);
-    state.StoreOffset += Stride(state);
+    TakeSnapshot(state, Stride(state) * state.NStored);
     state.NStored += 1;
+    state.StoreOffset = Stride(state) * state.NStored;
     state.StoredStateNumber = state.NStored - 1;
     state.StoredT[state.StoredStateNumber] = state.Time;
 }

@@ -14,6 +14,9 @@ void ResizeStore(ExperimentState& state);
 // NPlotsTotal from NPlotsPerPeriod and Periods.
 void SetNPlotsTotal(ExperimentState& state);
 
+// Gives up what is stored, and makes the present Time that of state 0. The arrays stay.
+void EmptyStore(ExperimentState& state);
+
 // Writes the present fields of cells 0..N+1 to elements base..base+N+1 of the store, with what
 // follows from them: the entropy function P/Rho^Gamma and the acoustic invariants R+ and R-, which
 // are integrated along the grid cell by cell and freed of their mean over cells 1..N. The caller

@@ -3,12 +3,7 @@
 #include <algorithm>
 
 #include "model/experiment_state.h"
-
-namespace {
-
-constexpr int FirstCell = -6;
-
-}  // namespace
+#include "model/limits.h"
 
 StripPlan PlanStrips(int nGridCells, int widestStrip) {
     const int count = (nGridCells + widestStrip - 1) / widestStrip;

@@ -8,6 +8,7 @@
 #include "display/control_values.h"
 #include "display/controls.h"
 #include "display/line_plots.h"
+#include "model/boundary_types.h"
 #include "model/experiment_state.h"
 #include "model/limits.h"
 #include "model/number_text.h"
@@ -15,8 +16,6 @@
 #include "panel/prompt.h"
 
 namespace {
-
-constexpr int Periodic = 4;
 
 void AskInteger(Controls& controls, const std::string& message, const std::string& title,
                 int& value) {
@@ -59,8 +58,8 @@ void AskConstant(Controls& controls, const std::string& kind, const std::string&
 void cmdBoundaryConditionType_Click(ExperimentState& state, Controls& controls) {
     if (!IsBeforeRun(state)) return;
     AskBoundary(controls, "left", "Get MnBdry", state.MnBdry);
-    if (state.MnBdry == Periodic) {
-        state.MxBdry = Periodic;
+    if (state.MnBdry == PeriodicBoundary) {
+        state.MxBdry = PeriodicBoundary;
     } else {
         AskBoundary(controls, "right", "Get MxBdry", state.MxBdry);
     }

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
+#include "integration/axis_ranges.h"
 #include "integration/state_store.h"
+#include "model/boundary_types.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
 #include "setup/grid.h"
 #include "setup/smoke.h"
 
 namespace {
-
-constexpr double Margin = 0.05;
 
 struct Region {
     int FirstEntry, LastEntry;  // on the list of control points
@@ -52,8 +52,8 @@ void SetAxes(ExperimentState& state) {
     state.RhoMax = 1.05;
     state.PMax = 1050.0;
     state.VXMax = std::max(state.SoundSpeed0, 0.0) * 1.05;
-    state.RhoMin = std::max(state.RhoSel - state.RhoMax * Margin, 0.0);
-    state.PMin = std::max(state.PSel - state.PMax * Margin, 0.0);
+    state.RhoMin = std::max(state.RhoSel - state.RhoMax * AxisMargin, 0.0);
+    state.PMin = std::max(state.PSel - state.PMax * AxisMargin, 0.0);
     state.VXMin = std::min(-state.VXMax, 0.0);
 }
 
@@ -71,8 +71,8 @@ void BuildBlastWaves(ExperimentState& state) {
     AllocateFields(state);
     AllocateStore(state);
     ResizeControlPointLists(state);
-    state.MnBdry = 1;
-    state.MxBdry = 1;
+    state.MnBdry = ReflectingBoundary;
+    state.MxBdry = ReflectingBoundary;
     LayGrid(state, 0.0, 1.0);
 
     const int n = state.NGridCells;

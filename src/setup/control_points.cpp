@@ -1,20 +1,12 @@
 #include "setup/control_points.h"
 
 #include <cassert>
-#include <cmath>
 
 #include "model/experiment_state.h"
+#include "model/gas.h"
+#include "model/limits.h"
 
 namespace {
-
-// How far a position is set back from the face of its cell, so that it falls on the proper side
-// of a jump when the grid changes.
-constexpr double Eps = 1e-07;
-
-void RefreshSoundSpeed(ExperimentState& state, int i) {
-    state.C2[i] = state.P[i] * state.Gamma / state.Rho[i];
-    state.C[i] = std::sqrt(state.C2[i]);
-}
 
 void CopyEntry(ExperimentState& state, int from, int to) {
     state.MSelList[to] = state.MSelList[from];
@@ -69,10 +61,10 @@ void ClearTransverse(ExperimentState& state, int first, int last) {
 }
 
 double PositionOf(const ExperimentState& state, int m, int cellBefore) {
-    if (m == 1) return state.X[1] + Eps;
-    if (m == state.NGridCells) return state.X[m + 1] - Eps;
-    if (cellBefore == m - 1) return state.X[m] + Eps;
-    return state.X[m + 1] - Eps;
+    if (m == 1) return state.X[1] + PositionSetBack;
+    if (m == state.NGridCells) return state.X[m + 1] - PositionSetBack;
+    if (cellBefore == m - 1) return state.X[m] + PositionSetBack;
+    return state.X[m + 1] - PositionSetBack;
 }
 
 // Puts m on the empty list, between the two end cells; gives its entry, or the one whose left ramp
@@ -82,11 +74,11 @@ int StartList(ExperimentState& state, int m, const PointValues& values) {
     const double left = state.X[1];
     const double right = state.X[n + 1];
     int k = 0;
-    SetEntry(state, k++, 0, left - Eps, values);
-    SetEntry(state, k++, 1, left + Eps, values);
-    if (m != 1 && m != n) SetEntry(state, k++, m, state.X[m + 1] - Eps, values);
-    SetEntry(state, k++, n, right - Eps, values);
-    SetEntry(state, k, n + 1, right + Eps, values);
+    SetEntry(state, k++, 0, left - PositionSetBack, values);
+    SetEntry(state, k++, 1, left + PositionSetBack, values);
+    if (m != 1 && m != n) SetEntry(state, k++, m, state.X[m + 1] - PositionSetBack, values);
+    SetEntry(state, k++, n, right - PositionSetBack, values);
+    SetEntry(state, k, n + 1, right + PositionSetBack, values);
     state.NSelected = k - 1;
     for (int entry = 0; entry <= k; ++entry) SetCell(state, state.MSelList[entry], values);
     return 2;

@@ -5,12 +5,7 @@
 
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
-
-namespace {
-
-constexpr int FirstCell = -6;
-
-}  // namespace
+#include "model/limits.h"
 
 void AllocateFields(ExperimentState& state) {
     const int n = state.NGridCells;

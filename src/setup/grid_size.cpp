@@ -5,6 +5,7 @@
 
 #include "display/control_values.h"
 #include "display/controls.h"
+#include "integration/state_store.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
 #include "model/run_stage.h"
@@ -29,14 +30,6 @@ void StretchGrid(ExperimentState& state, double ratio, double left, double right
     state.X[n + 1] = right;
 }
 
-void ResetStore(ExperimentState& state) {
-    state.StoredT[0] = state.Time;
-    state.StoreOffset = 0;
-    state.NStored = 0;
-    state.MultiplePlots = 0;
-    state.StoredStateNumber = 0;
-}
-
 }  // namespace
 
 void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
@@ -57,7 +50,8 @@ void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
     state.MSelected = state.NGridCells / 2;
     SetCellBarRange(state, controls);
     state.MSelected = state.NGridCells / 2;
-    ResetStore(state);
+    EmptyStore(state);
+    state.MultiplePlots = 0;
     ResizeControlPointLists(state);
     MapControlPoints(state);
 

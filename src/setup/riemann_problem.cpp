@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "integration/axis_ranges.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
+#include "model/limits.h"
 #include "model/number_text.h"
 #include "setup/grid.h"
 #include "setup/smoke.h"
 
 namespace {
-
-// How far control points are set back from the face of their cell.
-constexpr double Eps = 1e-07;
-constexpr double Margin = 0.05;
 
 void FillEntries(OffsetArray<double>& list, int first, int last, double value) {
     for (int k = first; k <= last; ++k) list[k] = value;
@@ -34,12 +32,12 @@ void PlaceControlPoints(ExperimentState& state, const RiemannProblem& problem) {
         int Cell;
         double Position;
     };
-    std::array<Entry, 6> entries{{{0, problem.XL - Eps},
-                                  {1, problem.XL + Eps},
-                                  {m, problem.XJump - Eps},
-                                  {m + 1, problem.XJump + Eps},
-                                  {n, problem.XR - Eps},
-                                  {n + 1, problem.XR + Eps}}};
+    std::array<Entry, 6> entries{{{0, problem.XL - PositionSetBack},
+                                  {1, problem.XL + PositionSetBack},
+                                  {m, problem.XJump - PositionSetBack},
+                                  {m + 1, problem.XJump + PositionSetBack},
+                                  {n, problem.XR - PositionSetBack},
+                                  {n + 1, problem.XR + PositionSetBack}}};
     state.NSelected = 4;
     if (m + 1 == n) {  // on 6 or 7 cells the right state can be a single cell: one point, not two
         std::copy(entries.begin() + 4, entries.end(), entries.begin() + 3);
@@ -56,9 +54,9 @@ void PlaceControlPoints(ExperimentState& state, const RiemannProblem& problem) {
 // states, in terms of the upper end, and never below 0.
 void SetPositiveAxis(double left, double right, double& lo, double& hi) {
     hi = left * 1.05;
-    lo = left - hi * Margin;
+    lo = left - hi * AxisMargin;
     hi = std::max(hi, right * 1.05);
-    lo = std::max(std::min(lo, right - hi * Margin), 0.0);
+    lo = std::max(std::min(lo, right - hi * AxisMargin), 0.0);
 }
 
 // Fills the two states of one variable into its list and its field; `sel` ends at the right one.
@@ -89,7 +87,7 @@ void BuildRiemannProblem(ExperimentState& state, const RiemannProblem& problem) 
 
     state.SoundSpeed0 =
         std::sqrt(std::max(problem.PL / problem.RhoL, problem.PR / problem.RhoR) * state.Gamma);
-    const double margin = state.SoundSpeed0 * Margin;
+    const double margin = state.SoundSpeed0 * AxisMargin;
     state.VXMin = std::min(problem.UxL - margin, problem.UxR - margin);
     state.VXMax = std::max(problem.UxL + margin, problem.UxR + margin);
     FillStates(state.VxSelList, state.Ux, state.VxSel, m, n + 1, problem.UxL, problem.UxR);

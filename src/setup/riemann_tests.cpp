@@ -4,6 +4,7 @@
 #include "display/controls.h"
 #include "display/experiment_caption.h"
 #include "display/line_plots.h"
+#include "model/boundary_types.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
 #include "setup/panel_fill.h"
@@ -12,9 +13,8 @@
 namespace {
 
 void SetUpTest(ExperimentState& state, Controls& controls, std::size_t number) {
-    constexpr int continuation = 2;
-    state.MnBdry = continuation;
-    state.MxBdry = continuation;
+    state.MnBdry = ContinuationBoundary;
+    state.MxBdry = ContinuationBoundary;
     InitRiemannProblem(state, controls, RiemannTests[number - 1]);
 }
 

@@ -10,6 +10,7 @@
 #include "integration/axis_ranges.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
+#include "model/gas.h"
 #include "model/number_text.h"
 #include "panel/run_parameters.h"
 #include "panel/value_entry.h"
@@ -18,8 +19,6 @@
 #include "setup/smoke.h"
 
 namespace {
-
-constexpr double Margin = 0.05;
 
 // Least and greatest value so far of one quantity of the control points.
 struct Extremes {
@@ -33,7 +32,7 @@ struct Extremes {
 
     // The axis that shows them; `noSpan` is its margin when they are equal.
     void SetAxis(double noSpan, double& lo, double& hi) const {
-        const double span = (Greatest - Least) * Margin;
+        const double span = (Greatest - Least) * AxisMargin;
         const double d = span > 0.0 ? span : VisibleMargin(noSpan, Greatest);
         hi = Greatest + d;
         lo = Least - d;
@@ -53,17 +52,8 @@ void FillFromList(ExperimentState& state) {
         state.Ux[i] = state.VxSelList[entry];
         state.Uy[i] = 0.0;
         state.FSmoke[i] = 0.0;
-        state.C2[i] = state.P[i] * state.Gamma / state.Rho[i];
-        state.C[i] = std::sqrt(state.C2[i]);
+        RefreshSoundSpeed(state, i);
     }
-}
-
-void ResetStore(ExperimentState& state) {
-    state.Stopped = 1;
-    state.StoreOffset = 0;
-    state.NStored = 0;
-    state.MultiplePlots = 0;
-    state.StoredStateNumber = 0;
 }
 
 // A box step of the replay: the handler runs even if the text was there already.
@@ -81,13 +71,13 @@ void ReplayPoint(ExperimentState& state, Controls& controls, int k, ExtremesOfPo
     state.PSel = state.PSelList[k];
     state.P[state.MSelected] = state.PSel;
     extremes.P.TakeIn(state.PSel);
-    extremes.P.SetAxis(extremes.P.Greatest * Margin, state.PMin, state.PMax);
+    extremes.P.SetAxis(extremes.P.Greatest * AxisMargin, state.PMin, state.PMax);
 
     state.VxSel = state.VxSelList[k];
     state.Ux[state.MSelected] = state.VxSel;
     extremes.Vx.TakeIn(state.VxSel);
     const double soundSpeed = std::sqrt(state.P[1] * state.Gamma / state.Rho[1]);
-    extremes.Vx.SetAxis(Margin * soundSpeed, state.VXMin, state.VXMax);
+    extremes.Vx.SetAxis(AxisMargin * soundSpeed, state.VXMin, state.VXMax);
     state.Uy[state.MSelected] = 0.0;
     state.FSmoke[state.MSelected] = 0.0;
     state.NGridCellsD = state.NGridCells;
@@ -95,7 +85,7 @@ void ReplayPoint(ExperimentState& state, Controls& controls, int k, ExtremesOfPo
     state.RhoSel = state.RhoSelList[k];
     state.Rho[state.MSelected] = state.RhoSel;
     extremes.Rho.TakeIn(state.RhoSel);
-    extremes.Rho.SetAxis(extremes.Rho.Greatest * Margin, state.RhoMin, state.RhoMax);
+    extremes.Rho.SetAxis(extremes.Rho.Greatest * AxisMargin, state.RhoMin, state.RhoMax);
 
     PutAndRun(state, controls, controls.txtPressure, FormatNumber(state.PSel, "0.0000##"),
               txtPressure_Change);
@@ -147,9 +137,10 @@ void ApplySetUp(ExperimentState& state, Controls& controls) {
     if (BarMaximum(controls.hsbMSelected) != state.NGridCells) SetCellBarRange(state, controls);
 
     state.MSelected = state.NGridCells / 2;
-    state.StoredT[0] = state.Time;
     state.NGridCellsD = state.NGridCells;
-    ResetStore(state);
+    state.Stopped = 1;
+    EmptyStore(state);
+    state.MultiplePlots = 0;
     ReplayPoints(state, controls);
 
     SetClock(state);

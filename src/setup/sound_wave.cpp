@@ -8,10 +8,10 @@
 
 namespace {
 
-// The cell means of one wave: amplitude times a sine with whole waves across the domain.
-class WaveMean {
+// One of the three waves: amplitude times a sine with whole waves across the domain, cell by cell.
+class Wave {
 public:
-    WaveMean(const ExperimentState& state, double amplitude, int frequency)
+    Wave(const ExperimentState& state, double amplitude, int frequency)
         : x_(state.X), amplitude_(amplitude) {
         const double pi = 4.0 * std::atan(1.0);
         const double w = pi / (x_[state.NGridCells + 1] - x_[1]);
@@ -19,17 +19,30 @@ public:
         k_ = frequency * w;
         // sin(x)/x turns the sine at the middle of a cell into its mean over the cell.
         mean_ = std::sin(h * k_) / (h * k_);
+        here_ = SineMean(1);
     }
 
-    // The mean over cell i without the amplitude; the sum of the edges is twice the middle.
-    double operator()(int i) const { return std::sin((x_[i + 1] + x_[i]) * k_) * mean_; }
-    double Amplitude() const { return amplitude_; }
+    double Mean(int i) const { return SineMean(i) * amplitude_; }
+
+    // The change from cell 0 to cell 1, where the integration starts.
+    double FirstChange() const { return amplitude_ * (here_ - SineMean(0)); }
+
+    // The change since the cell that was asked for last, at first cell 1.
+    double ChangeTo(int i) {
+        const double before = here_;
+        here_ = SineMean(i);
+        return amplitude_ * (here_ - before);
+    }
 
 private:
+    // The sum of the edges is twice the middle of the cell.
+    double SineMean(int i) const { return std::sin((x_[i + 1] + x_[i]) * k_) * mean_; }
+
     const OffsetArray<double>& x_;
     double amplitude_;
     double k_ = 0.0;
     double mean_ = 0.0;
+    double here_ = 0.0;
 };
 
 // Pressure, density and impedance at one place; density and impedance follow from the entropy
@@ -49,6 +62,23 @@ bool IsPossible(const Gas& gas, double e) {
     return e > 0.0 && gas.P > 0.0 && gas.Rho > 0.0;
 }
 
+// The gas of cell 0, `dp` being the difference of the invariants' first changes: its impedance is
+// averaged with the background's 1 over the half step.
+std::optional<Gas> FirstGas(double p0, double dp, double e, double gamma) {
+    const Gas gas = GasOf(p0 - dp * 0.25, e, gamma);
+    if (!IsPossible(gas, e)) return std::nullopt;
+    const Gas averaged = GasOf(p0 - (gas.Z + 1.0) * 0.125 * dp, e, gamma);
+    return IsPossible(averaged, e) ? std::optional(averaged) : std::nullopt;
+}
+
+// The gas of the cell after `before`, by a predictor and a corrector in the impedance.
+std::optional<Gas> NextGas(const Gas& before, double dp, double e, double gamma) {
+    const Gas predicted = GasOf(dp * (before.Z * 0.5) + before.P, e, gamma);
+    if (!IsPossible(predicted, e)) return std::nullopt;
+    const Gas corrected = GasOf((before.Z + predicted.Z) * 0.25 * dp + before.P, e, gamma);
+    return IsPossible(corrected, e) ? std::optional(corrected) : std::nullopt;
+}
+
 void Widen(double v, double& lo, double& hi) {
     hi = std::max(hi, v);
     lo = std::min(lo, v);
@@ -65,68 +95,59 @@ void OpenZeroSpan(double& lo, double& hi) {
     lo = lo * 0.95;
 }
 
+// Enters cell i, `width` wide, into the fields and the extremes; its velocity is there already.
+void TakeCell(SoundWaveFields& wave, int i, const Gas& gas, double width) {
+    wave.Rho[i] = gas.Rho;
+    wave.P[i] = gas.P;
+    Widen(gas.Rho, wave.RhoMin, wave.RhoMax);
+    Widen(gas.P, wave.PMin, wave.PMax);
+    Widen(wave.Ux[i], wave.VXMin, wave.VXMax);
+    const double c = gas.Z / gas.Rho;
+    const double speed = std::max(std::abs(c + wave.Ux[i]), std::abs(wave.Ux[i] - c));
+    wave.ShortestCrossing = std::min(wave.ShortestCrossing, width / speed);
+}
+
+// The background at rest in the wave's frame, as the extremes start from it.
+SoundWaveFields Background(const ExperimentState& state, double p0) {
+    constexpr double soundSpeed = 1.0;
+    const int n = state.NGridCells;
+    SoundWaveFields wave;
+    for (OffsetArray<double>* field : {&wave.Rho, &wave.P, &wave.Ux}) {
+        *field = OffsetArray<double>(0, n + 1);
+    }
+    wave.RhoMin = wave.RhoMax = 1.0;
+    wave.PMin = wave.PMax = p0;
+    wave.VXMin = wave.VXMax = state.U0;
+    wave.ShortestCrossing = (state.X[2] - state.X[1]) / soundSpeed;
+    return wave;
+}
+
 }  // namespace
 
 std::optional<SoundWaveFields> IntegrateSoundWave(const ExperimentState& state) {
     if (std::min({state.RPlusFreq, state.RMinusFreq, state.R0Freq}) < 1) return std::nullopt;
-    const int n = state.NGridCells;
     const double gamma = state.Gamma;
     const double p0 = 1.0 / gamma;
-    constexpr double soundSpeed0 = 1.0;
-    const WaveMean plus(state, state.RPlusAmp, state.RPlusFreq);
-    const WaveMean minus(state, state.RMinusAmp, state.RMinusFreq);
-    const WaveMean entropy(state, state.R0Amp, state.R0Freq);
+    Wave plus(state, state.RPlusAmp, state.RPlusFreq);
+    Wave minus(state, state.RMinusAmp, state.RMinusFreq);
+    const Wave entropy(state, state.R0Amp, state.R0Freq);
+    SoundWaveFields wave = Background(state, p0);
 
-    SoundWaveFields wave{OffsetArray<double>(0, n + 1),
-                         OffsetArray<double>(0, n + 1),
-                         OffsetArray<double>(0, n + 1),
-                         1.0,
-                         1.0,
-                         p0,
-                         p0,
-                         state.U0,
-                         state.U0,
-                         (state.X[2] - state.X[1]) / soundSpeed0};
-
-    // Start in cell 0, then average its impedance with the background's over the half step.
-    double plusHere = plus(1);
-    double minusHere = minus(1);
-    double dPlus = plus.Amplitude() * (plusHere - plus(0));
-    double dMinus = (minusHere - minus(0)) * minus.Amplitude();
+    double dPlus = plus.FirstChange();
+    double dMinus = minus.FirstChange();
     wave.Ux[0] = state.U0 - (dPlus + dMinus) * 0.25;
-    double e = entropy(0) * entropy.Amplitude() + p0;
-    Gas gas = GasOf(p0 - (dPlus - dMinus) * 0.25, e, gamma);
-    if (!IsPossible(gas, e)) return std::nullopt;
-    gas = GasOf(p0 - (gas.Z + 1.0) * 0.125 * (dPlus - dMinus), e, gamma);
-    if (!IsPossible(gas, e)) return std::nullopt;
-
-    for (int i = 1; i <= n; ++i) {
-        const Gas before = gas;
-        e = entropy(i) * entropy.Amplitude() + p0;
-        const double plusBefore = plusHere;
-        plusHere = plus(i);
-        dPlus = plus.Amplitude() * (plusHere - plusBefore);
-        const double minusBefore = minusHere;
-        minusHere = minus(i);
-        dMinus = (minusHere - minusBefore) * minus.Amplitude();
+    std::optional<Gas> gas = FirstGas(p0, dPlus - dMinus, entropy.Mean(0) + p0, gamma);
+    for (int i = 1; gas && i <= state.NGridCells; ++i) {
+        dPlus = plus.ChangeTo(i);
+        dMinus = minus.ChangeTo(i);
         wave.Ux[i] = (dPlus + dMinus) * 0.5 + wave.Ux[i - 1];
-
-        const Gas predicted = GasOf((dPlus - dMinus) * (before.Z * 0.5) + before.P, e, gamma);
-        if (!IsPossible(predicted, e)) return std::nullopt;
-        gas = GasOf((before.Z + predicted.Z) * 0.25 * (dPlus - dMinus) + before.P, e, gamma);
-        if (!IsPossible(gas, e)) return std::nullopt;
-
-        wave.Rho[i] = gas.Rho;
-        wave.P[i] = gas.P;
-        Widen(gas.Rho, wave.RhoMin, wave.RhoMax);
-        Widen(gas.P, wave.PMin, wave.PMax);
-        Widen(wave.Ux[i], wave.VXMin, wave.VXMax);
-        const double c = gas.Z / gas.Rho;
-        const double speed = std::max(std::abs(c + wave.Ux[i]), std::abs(wave.Ux[i] - c));
-        wave.ShortestCrossing =
-            std::min(wave.ShortestCrossing, (state.X[i + 1] - state.X[i]) / speed);
+        gas = NextGas(*gas, dPlus - dMinus, entropy.Mean(i) + p0, gamma);
+        if (gas) TakeCell(wave, i, *gas, state.X[i + 1] - state.X[i]);
     }
-    for (OffsetArray<double>* field : {&wave.Rho, &wave.P, &wave.Ux}) WrapAround(*field, n);
+    if (!gas) return std::nullopt;
+    for (OffsetArray<double>* field : {&wave.Rho, &wave.P, &wave.Ux}) {
+        WrapAround(*field, state.NGridCells);
+    }
     return wave;
 }
 

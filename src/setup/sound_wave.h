@@ -9,11 +9,11 @@ struct ExperimentState;
 
 // A sound wave on the cells of a grid.
 struct SoundWaveFields {
-    OffsetArray<double> Rho, P, Ux;  // cells 0..N+1; cells 0 and N+1 wrap around
-    double RhoMin, RhoMax;           // extremes over cells 1..N and the background
-    double PMin, PMax;
-    double VXMin, VXMax;
-    double ShortestCrossing;  // least time in which a sound wave crosses a cell
+    OffsetArray<double> Rho, P, Ux;     // cells 0..N+1; cells 0 and N+1 wrap around
+    double RhoMin = 0.0, RhoMax = 0.0;  // extremes over cells 1..N and the background
+    double PMin = 0.0, PMax = 0.0;
+    double VXMin = 0.0, VXMax = 0.0;
+    double ShortestCrossing = 0.0;  // least time in which a sound wave crosses a cell
 };
 
 // Integrates the waves of the record (amplitudes, whole waves across the domain, background

@@ -8,6 +8,7 @@
 #include "display/controls.h"
 #include "display/experiment_caption.h"
 #include "display/line_plots.h"
+#include "model/boundary_types.h"
 #include "model/experiment_state.h"
 #include "model/limits.h"
 #include "model/number_text.h"
@@ -17,8 +18,6 @@
 #include "setup/sound_wave.h"
 
 namespace {
-
-constexpr int Periodic = 4;
 
 // What a press writes before it is known whether the waves are possible.
 struct SoundWaveSettings {
@@ -97,8 +96,8 @@ void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
                                       CaptionOf(controls.lblPressurePlot),
                                       CaptionOf(controls.lblVelocityPlot)};
     state.SoundWaveMode = 1;
-    state.MnBdry = Periodic;
-    state.MxBdry = Periodic;
+    state.MnBdry = PeriodicBoundary;
+    state.MxBdry = PeriodicBoundary;
     PutPlotCaptions(controls,
                     {"R+  Riemann Invariant", "P / (Rho^Gamma)", "R-  Riemann Invariant"});
     AskForWaves(state, controls);
