@@ -17,7 +17,8 @@
 #include "panel/main_window.h"
 #include "panel_promises.h"
 
-RandomPlayer::RandomPlayer(std::uint64_t seed, bool tells) : random_(seed), tells_(tells) {}
+RandomPlayer::RandomPlayer(std::uint64_t seed, bool tells)
+    : random_(seed), likesWaves_(seed % 2 == 0), tells_(tells) {}
 
 int RandomPlayer::Below(int n) {
     return static_cast<int>(random_() % static_cast<std::uint64_t>(n));
@@ -144,8 +145,7 @@ void RandomPlayer::PressButton() {
     const auto buttons =
         panel_.Form().findChildren<QPushButton*>(Qt::FindDirectChildrenOnly).toVector();
     const QString name = buttons[Below(static_cast<int>(buttons.size()))]->objectName();
-    // A sound wave stays until the program ends: most players are to see most of the rest.
-    if (name == "cmdSoundWave" && !OneIn(20)) return Press("cmdBegin");
+    if (name == "cmdSoundWave" && !likesWaves_) return Press("cmdBegin");
     Press(name);
 }
 

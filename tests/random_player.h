@@ -60,6 +60,7 @@ private:
     void StartAfresh();
 
     std::mt19937_64 random_;
+    bool likesWaves_;  // a wave is for good, so some players never start one
     bool tells_;
     QTemporaryDir folder_;
     Panel panel_;
