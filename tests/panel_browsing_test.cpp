@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "display/space_time_view.h"
 #include "display/surface.h"
 #include "panel/main_window.h"
 #include "panel_driver.h"
@@ -183,6 +184,31 @@ TEST_F(PanelBrowsing, HasNoSmokeUnderPlover) {
     RunTest1();
     ChooseGray(7);
     EXPECT_EQ(controls.lstGrayVariable->currentItem()->text(), "Density");
+}
+
+// On 400 cells every second state repaints the picture, and several can fall into one tick. A tick
+// that stores an odd number of states leaves the last one out of the picture.
+TEST_F(PanelBrowsing, ShowsBehindATickTheLastPictureThatFellIntoIt) {
+    Surface& surface = *controls.pctSpaceTime;
+    panel.Press("cmdBegin");
+    int oddTicks = 0;
+    for (int tick = 0; tick < 12; ++tick) {
+        const int before = state.NStored;
+        ASSERT_TRUE(panel.Tick());
+        if (state.NStored / 2 == before / 2) continue;
+        const QImage shown = surface.Image().copy();
+        PaintFirstStates(state, panel.Form().controls, state.NStored / 2 * 2);
+        EXPECT_TRUE(shown == surface.Image()) << state.NStored;
+        if (state.NStored % 2 == 0) continue;
+        ++oddTicks;
+        pctSpaceTime_Paint(state, panel.Form().controls);
+        EXPECT_FALSE(shown == surface.Image()) << state.NStored;
+    }
+    EXPECT_GT(oddTicks, 0);
+    ASSERT_TRUE(panel.RunToEnd());
+    const QImage shown = surface.Image().copy();
+    pctSpaceTime_Paint(state, panel.Form().controls);
+    EXPECT_TRUE(shown == surface.Image()) << "the end shows every state";
 }
 
 TEST_F(PanelBrowsing, LeavesThePictureAloneBeforeTwoStatesAreStored) {

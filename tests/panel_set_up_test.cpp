@@ -5,10 +5,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <array>
 #include <cmath>
 #include <deque>
 #include <functional>
 
+#include "display/line_plots.h"
 #include "display/surface.h"
 #include "panel/main_window.h"
 #include "panel_driver.h"
@@ -274,6 +276,28 @@ TEST_F(PanelSetUp, LaysCurvesOverOneAnotherOnRequest) {
     EXPECT_GT(laidOver, single) << "the old mark stays";
     panel.Press("cmdSinglePlots");
     EXPECT_LT(ink(), laidOver);
+}
+
+// A replay paints many times and draws once: the plots end up as one fresh paint leaves them.
+TEST_F(PanelSetUp, ShowsAfterAReplayWhatAFreshPaintShows) {
+    const auto expectFresh = [&](const char* after) {
+        const std::array<Surface*, 3> plots = {controls.pctDensityPlot, controls.pctPressurePlot,
+                                               controls.pctVelocityPlot};
+        std::vector<QImage> shown;
+        for (Surface* plot : plots) shown.push_back(plot->Image().copy());
+        ClearAndPaintPlots(state, panel.Form().controls);
+        for (std::size_t k = 0; k < plots.size(); ++k) {
+            EXPECT_TRUE(shown[k] == plots[k]->Image()) << after << ", plot " << k;
+        }
+    };
+    panel.Type("txtNGridCells", "100");
+    expectFresh("another grid");
+    Enter(50, "2", "3", "-1");
+    panel.Press("cmdMultiplePlots");
+    panel.Type("txtMSelected", "20");
+    panel.Press("cmdReset");
+    expectFresh("Reset over plots laid over one another");
+    EXPECT_FALSE(controls.pctDensityPlot->IsUnseen());
 }
 
 // The test writes the grid size over the refused one, which lays the wave anew in its place.

@@ -71,6 +71,15 @@ TEST(TextBoxRule, AChangeRunsTheHandlerNestedAndNoChangeRunsNothing) {
     EXPECT_EQ(seen, std::vector<QString>({"1.25"})) << "once a paste";
 }
 
+TEST(TextBoxRule, APutOfTheSameTextLeavesCursorAndSelection) {
+    QLineEdit box;
+    PutText(&box, "1.25");
+    box.setSelection(0, 2);
+    PutText(&box, "1.25");
+    EXPECT_EQ(box.selectedText(), "1.");
+    EXPECT_EQ(box.cursorPosition(), 2);
+}
+
 TEST(ScrollBarRule, AValueIsHeldWithinTheRangeAndRunsTheHandlerOnAChange) {
     PanelScrollBar bar(Qt::Horizontal);
     std::vector<int> seen;

@@ -1,6 +1,7 @@
 #include "panel/main_window.h"
 
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QTimer>
@@ -224,8 +225,14 @@ void frmTernlow::ConnectTimer() {
     connect(controls.*Metronome.Control, &QTimer::timeout, this, Runs(Metronome.Tick));
 }
 
-void frmTernlow::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).drawPixmap(0, 0, background_);
+// Rectangle by rectangle: for the whole picture behind many small controls the toolkit would wake
+// its threads.
+void frmTernlow::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    for (const QRect& rect : event->region()) {
+        painter.setClipRect(rect.adjusted(-1, -1, 1, 1));  // whole at any scale of the screen
+        painter.drawPixmap(0, 0, background_);
+    }
 }
 
 // Nothing is saved and nobody is asked: a run in progress ends with the window.

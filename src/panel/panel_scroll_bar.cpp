@@ -30,17 +30,17 @@ QRect PanelScrollBar::Thumb() const {
     return style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
 }
 
-// During a run the range of a bar grows all the time. Nothing but the thumb looks different then,
-// and that only until it is as small as it gets.
+// During a run the range of a bar grows all the time. Nothing looks different then but where an end
+// of the thumb has moved, and that only until it is as small as it gets.
 void PanelScrollBar::sliderChange(SliderChange change) {
     if (change != SliderRangeChange) {
         QScrollBar::sliderChange(change);
         return;
     }
-    constexpr int shadow = 3;  // pixels around the thumb that go with it
-    const QRect thumb = Thumb();
-    if (thumb == paintedThumb_) return;
-    update(thumb.united(paintedThumb_).adjusted(-shadow, -shadow, shadow, shadow));
+    constexpr int edge = 3;  // pixels around an end of the thumb that go with it
+    for (const QRect& moved : QRegion(Thumb()).xored(paintedThumb_)) {
+        update(moved.adjusted(-edge, -edge, edge, edge));
+    }
 }
 
 void PanelScrollBar::wheelEvent(QWheelEvent* event) {
