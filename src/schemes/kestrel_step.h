@@ -1,41 +1,49 @@
 // The full scheme, for both float types.
 #pragma once
 
-#include "schemes/conservative_update.h"
-#include "schemes/interpolation.h"
+#include "schemes/carried_quantity.h"
 #include "schemes/positivity.h"
-#include "schemes/shock_detection.h"
+#include "schemes/ripple_damping.h"
+#include "schemes/shock_flattening.h"
 
 template <typename Float>
 struct KestrelRows {
-    Row<Float> StepPerWidth, SoundSpeed, Steep, Raw, Edge;
-    Parabolas<Float> Rho, P, Ux, Carried;
+    Row<Float> StepPerWidth, SoundSpeed, Signal, Steepness, Jump, Failed;
     EdgeStates<Float> States;
     EdgeFluxes<Float> Fluxes;
     NewState<Float> Next;
-    Row<Float> Failed;
+    CarriedRows<Float> Carried;
 };
 
+// Step over width, sound speed and fastest signal of cells -3..n+4; returns the Courant number of
+// cells 1..n.
 template <typename Float>
 Float PrepareCells(const StripState<Float>& strip, const StepConstants<Float>& constants,
                    KestrelRows<Float>& rows) {
-    const int last = strip.Cells + 4;
-    for (int i = -3; i <= last; ++i) {
+    for (int i = -3; i <= strip.Cells + 4; ++i) {
         rows.StepPerWidth[i] = constants.TimeStep / (strip.Edges[i + 1] - strip.Edges[i]);
-        rows.SoundSpeed[i] = std::sqrt(constants.Gamma * strip.P[i] / strip.Rho[i]);
+        rows.SoundSpeed[i] = Root(constants.Gamma * strip.P[i] / strip.Rho[i]);
+        rows.Signal[i] = Size(strip.Ux[i]) + rows.SoundSpeed[i];
     }
-    Float courant = 0;
+    Float courant = Float(0);
     for (int i = 1; i <= strip.Cells; ++i)
-        courant =
-            std::max(courant, (std::abs(strip.Ux[i]) + rows.SoundSpeed[i]) * rows.StepPerWidth[i]);
+        courant = Most(courant, rows.Signal[i] * rows.StepPerWidth[i]);
     return courant;
 }
 
+// States beside the edges -1..n+3 from the cells around them.
 template <typename Float>
-void Interpolate(const Float* a, Parabolas<Float>& parabolas, KestrelRows<Float>& rows, int cells) {
-    EdgeValues(a, rows.Edge.Origin(), -2, cells + 4);
-    LimitedParabolas(a, rows.Edge.Origin(), rows.Steep.Origin(), parabolas.FromLeft.Origin(),
-                     parabolas.ToRight.Origin(), -2, cells + 3);
+void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& constants,
+                 KestrelRows<Float>& rows) {
+    const int first = -2;
+    const int last = strip.Cells + 3;
+    const Float strength = Least(Float(0.1) * constants.Difcon, Float(1));
+    FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed, rows.Steepness, first, last);
+    TraceStates(strip, rows.SoundSpeed, rows.StepPerWidth, rows.Steepness, rows.States, first,
+                last);
+    if (FindJumps(strip.Rho, rows.Jump, first, last) &&
+        KeepContacts(strip, constants.Gamma, rows.Jump, first, last))
+        SteepenContacts(strip, rows.StepPerWidth, rows.Jump, rows.States, first, last);
 }
 
 // Brings rows.Next to the new density, pressure and velocity of cells 1..n.
@@ -55,31 +63,21 @@ void UpdateGas(const StripState<Float>& strip, const StepConstants<Float>& const
 }
 
 template <typename Float>
-void UpdateCarriedBy(const StripState<Float>& strip, const Float* a, KestrelRows<Float>& rows,
-                     Float* result) {
-    const int n = strip.Cells;
-    Interpolate(a, rows.Carried, rows, n);
-    UpdateCarried(strip, a, rows.Carried, rows.StepPerWidth, rows.Fluxes, rows.Next.Rho, rows.Edge,
-                  result, 1, n);
-}
-
-template <typename Float>
 Float AdvanceKestrelBlock(const StripState<Float>& strip, const StepConstants<Float>& constants,
                           const StripResult<Float>& result, KestrelRows<Float>& rows) {
     const int n = strip.Cells;
     const Float courant = PrepareCells(strip, constants, rows);
-    Flattening(strip.P, strip.Ux, constants.Shkjmp, rows.Raw.Origin(), rows.Steep.Origin(), -2,
-               n + 3);
-    Interpolate(strip.Rho, rows.Rho, rows, n);
-    Interpolate(strip.P, rows.P, rows, n);
-    Interpolate(strip.Ux, rows.Ux, rows, n);
-    TraceStates(strip, rows.Rho, rows.P, rows.Ux, rows.SoundSpeed, rows.StepPerWidth, rows.States,
-                -2, n + 3);
+    Reconstruct(strip, constants, rows);
     SolveRiemannProblems(rows.States, constants.Gamma, rows.Fluxes, -1, n + 3);
+    const Float damping = constants.Wavhaf / (constants.Wavhaf + Float(4));
+    DampRipples(strip, rows.Signal, damping, rows.Fluxes, -1, n + 3);
     UpdateGas(strip, constants, rows);
-    UpdateCarriedBy(strip, strip.Uy, rows, result.Uy);
-    if (strip.Smoke) UpdateCarriedBy(strip, strip.Smoke, rows, result.Smoke);
-    return std::max(courant, HandOver(strip, rows.Next, result));
+    UpdateCarried(strip, strip.Uy, rows.StepPerWidth, rows.Fluxes, rows.Next.Rho, rows.Carried,
+                  result.Uy);
+    if (strip.Smoke)
+        UpdateCarried(strip, strip.Smoke, rows.StepPerWidth, rows.Fluxes, rows.Next.Rho,
+                      rows.Carried, result.Smoke);
+    return Most(courant, HandOver(strip, rows.Next, result));
 }
 
 // Advances the strip by one step and returns its Courant number.
@@ -87,11 +85,11 @@ template <typename Float>
 Float AdvanceKestrel(const StripState<Float>& strip, const StepConstants<Float>& constants,
                      const StripResult<Float>& result) {
     KestrelRows<Float> rows;
-    Float courant = 0;
+    Float courant = Float(0);
     for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
         const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant = std::max(courant, AdvanceKestrelBlock(Block(strip, offset, cells), constants,
-                                                        Block(result, offset), rows));
+        courant = Most(courant, AdvanceKestrelBlock(Block(strip, offset, cells), constants,
+                                                    Block(result, offset), rows));
     }
     return courant;
 }

@@ -2,18 +2,14 @@
 // zero get the fluxes of a first-order scheme through both edges.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
 #include "schemes/conservative_update.h"
 
 // A cell fails that would lose all but a thousandth of what it and its neighbours hold at least; a
 // value that is no number fails too.
 template <typename Float>
 inline bool Fails(const Float* old, Float now, int i) {
-    const Float least = std::min(old[i], std::min(old[i - 1], old[i + 1]));
-    return !(now > Float(0.001) * least) | !(now <= std::numeric_limits<Float>::max());
+    const Float least = Least(old[i], Least(old[i - 1], old[i + 1]));
+    return !(now > Float(0.001) * least) | !(now <= LargestFinite<Float>());
 }
 
 // Marks cells first..last that failed with 1, the others with 0, and tells whether there are any.
@@ -22,9 +18,9 @@ bool MarkFailures(const StripState<Float>& strip, const NewState<Float>& next, R
                   int first, int last) {
     Float any = 0;
     for (int i = first; i <= last; ++i) {
-        failed[i] =
-            Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i) ? Float(1) : Float(0);
-        any = std::max(any, failed[i]);
+        failed[i] = Choose(Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i),
+                           Float(1), Float(0));
+        any = Most(any, failed[i]);
     }
     return any > Float(0);
 }
@@ -44,8 +40,7 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& sound
         const Float uR = strip.Ux[i];
         const Float heatL = strip.P[i - 1] / (gamma - Float(1));
         const Float heatR = strip.P[i] / (gamma - Float(1));
-        const Float fastest =
-            std::max(std::abs(uL) + soundSpeed[i - 1], std::abs(uR) + soundSpeed[i]);
+        const Float fastest = Most(Size(uL) + soundSpeed[i - 1], Size(uR) + soundSpeed[i]);
 
         // Seen by an observer between the two cells.
         const Float drift = half * (uR - uL);
@@ -59,10 +54,10 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& sound
              (half * drift * drift * (goingL + goingR) + drift * (strip.P[i] - strip.P[i - 1])));
 
         const bool replace = failed[i - 1] + failed[i] > Float(0);
-        fluxes.Mass[i] = replace ? mass : fluxes.Mass[i];
-        fluxes.Momentum[i] = replace ? momentum : fluxes.Momentum[i];
-        fluxes.Energy[i] = replace ? energy : fluxes.Energy[i];
-        fluxes.Ux[i] = replace ? half * (uL + uR) : fluxes.Ux[i];
+        fluxes.Mass[i] = Choose(replace, mass, fluxes.Mass[i]);
+        fluxes.Momentum[i] = Choose(replace, momentum, fluxes.Momentum[i]);
+        fluxes.Energy[i] = Choose(replace, energy, fluxes.Energy[i]);
+        fluxes.Ux[i] = Choose(replace, half * (uL + uR), fluxes.Ux[i]);
     }
 }
 
@@ -74,10 +69,10 @@ Float HandOver(const StripState<Float>& strip, const NewState<Float>& next,
     Float rejected = 0;
     for (int i = 1; i <= strip.Cells; ++i) {
         const bool failed = Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i);
-        result.Rho[i] = failed ? strip.Rho[i] : next.Rho[i];
-        result.P[i] = failed ? strip.P[i] : next.P[i];
-        result.Ux[i] = failed ? strip.Ux[i] : next.Ux[i];
-        rejected = std::max(rejected, failed ? Float(1) : Float(0));
+        result.Rho[i] = Choose(failed, strip.Rho[i], next.Rho[i]);
+        result.P[i] = Choose(failed, strip.P[i], next.P[i]);
+        result.Ux[i] = Choose(failed, strip.Ux[i], next.Ux[i]);
+        rejected = Most(rejected, Choose(failed, Float(1), Float(0)));
     }
     return rejected;
 }
