@@ -15,21 +15,21 @@ struct NewState {
 // differences from rest. Mass, momentum along the grid, and internal energy plus energy of the
 // motion along the grid are conserved.
 template <typename Float>
-void UpdateCells(const StripState<Float>& strip, const Row<Float>& stepPerWidth,
+void UpdateCells(const StripState<Float>& strip, const CellRows<Float>& cells,
                  const EdgeFluxes<Float>& fluxes, Float gamma, NewState<Float>& next, int first,
                  int last) {
     const Float half = Float(0.5);
     const Float gammaLess = gamma - Float(1);
-    const Float* __restrict mass = fluxes.Mass.Origin();
-    const Float* __restrict push = fluxes.Momentum.Origin();
-    const Float* __restrict heatFlux = fluxes.Energy.Origin();
-    const Float* __restrict edgeU = fluxes.Ux.Origin();
-    const Float* __restrict ratioRow = stepPerWidth.Origin();
-    Float* __restrict newRho = next.Rho.Origin();
-    Float* __restrict newP = next.P.Origin();
-    Float* __restrict newU = next.Ux.Origin();
+    const Float* mass = fluxes.Mass.Origin();
+    const Float* push = fluxes.Momentum.Origin();
+    const Float* heatFlux = fluxes.Energy.Origin();
+    const Float* edgeU = fluxes.Ux.Origin();
+    Float* newRho = next.Rho.Origin();
+    Float* newP = next.P.Origin();
+    Float* newU = next.Ux.Origin();
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
-        const Float ratio = ratioRow[i];
+        const Float ratio = cells.StepPerWidth[i];
         const Float driftL = edgeU[i] - strip.Ux[i];
         const Float driftR = edgeU[i + 1] - strip.Ux[i];
         const Float carriedL = driftL * mass[i];

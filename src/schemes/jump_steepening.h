@@ -11,8 +11,8 @@
 // third difference against the first. J. Comput. Phys. 54, 174 (1984), eqs. (1.15) and (1.16).
 // Reads cells first-2..last+2. Returns whether there is any.
 template <typename Float>
-bool FindJumps(const Float* __restrict a, Row<Float>& jump, int first, int last) {
-    Float most = Float(0);
+bool FindJumps(const Float* a, Row<Float>& jump, int first, int last) {
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float left = a[i] - a[i - 1];
         const Float right = a[i + 1] - a[i];
@@ -26,9 +26,8 @@ bool FindJumps(const Float* __restrict a, Row<Float>& jump, int first, int last)
         const bool turning = (bendLeft > Float(0)) & (bendRight < Float(0));
         const bool rising = (Along(left, rise) > Float(0)) & (Along(right, rise) > Float(0));
         jump[i] = Choose(turning & rising, raw / Most(size, Tiny<Float>()), Float(0));
-        most = Most(most, jump[i]);
     }
-    return most > Float(0);
+    return Largest(jump.Origin(), first, last) > Float(0);
 }
 
 // Takes away the jumps of density that are no contacts: where the pressure differs by more than
@@ -36,9 +35,9 @@ bool FindJumps(const Float* __restrict a, Row<Float>& jump, int first, int last)
 template <typename Float>
 bool KeepContacts(const StripState<Float>& strip, Float gamma, Row<Float>& jump, int first,
                   int last) {
-    const Float* __restrict rho = strip.Rho;
-    const Float* __restrict p = strip.P;
-    Float most = Float(0);
+    const Float* rho = strip.Rho;
+    const Float* p = strip.P;
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float rise = Size(rho[i + 1] - rho[i - 1]);
         const Float leastRho = Least(rho[i + 1], rho[i - 1]);
@@ -46,16 +45,16 @@ bool KeepContacts(const StripState<Float>& strip, Float gamma, Row<Float>& jump,
         const Float leastP = Least(p[i + 1], p[i - 1]);
         const bool contact = (rush * leastRho < Float(0.01) * gamma * (rise * leastP)) &
                              (rise > Float(0.1) * leastRho);
-        jump[i] = Choose(contact, jump[i], Float(0));
-        most = Most(most, jump[i]);
+        const Float share = jump[i];
+        jump[i] = Choose(contact, share, Float(0));
     }
-    return most > Float(0);
+    return Largest(jump.Origin(), first, last) > Float(0);
 }
 
 // The average, less the cell's own, over the share nu of a cell that holds a jump, next to its edge
 // with the neighbour of value `near`; `far` is the other neighbour.
 template <typename Float>
-inline Float PartOfJump(Float far, Float here, Float near, Float nu) {
+[[gnu::always_inline]] inline Float PartOfJump(Float far, Float here, Float near, Float nu) {
     const Float rise = near - far;
     const Float safeRise = Signed(Most(Size(rise), Tiny<Float>()), rise);
     const Float filled = (here - far) / safeRise;

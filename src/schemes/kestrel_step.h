@@ -2,48 +2,36 @@
 #pragma once
 
 #include "schemes/carried_quantity.h"
+#include "schemes/cell_preparation.h"
 #include "schemes/positivity.h"
 #include "schemes/ripple_damping.h"
 #include "schemes/shock_flattening.h"
 
 template <typename Float>
 struct KestrelRows {
-    Row<Float> StepPerWidth, SoundSpeed, Signal, Steepness, Jump, Failed;
+    InputRows<Float> Inputs;
+    CellRows<Float> Cells;
+    Row<Float> Steepness, Jump, Failed;
+    CharacteristicParabolas<Float> Parabolas;
     EdgeStates<Float> States;
     EdgeFluxes<Float> Fluxes;
     NewState<Float> Next;
     CarriedRows<Float> Carried;
 };
 
-// Step over width, sound speed and fastest signal of cells -3..n+4; returns the Courant number of
-// cells 1..n.
-template <typename Float>
-Float PrepareCells(const StripState<Float>& strip, const StepConstants<Float>& constants,
-                   KestrelRows<Float>& rows) {
-    for (int i = -3; i <= strip.Cells + 4; ++i) {
-        rows.StepPerWidth[i] = constants.TimeStep / (strip.Edges[i + 1] - strip.Edges[i]);
-        rows.SoundSpeed[i] = Root(constants.Gamma * strip.P[i] / strip.Rho[i]);
-        rows.Signal[i] = Size(strip.Ux[i]) + rows.SoundSpeed[i];
-    }
-    Float courant = Float(0);
-    for (int i = 1; i <= strip.Cells; ++i)
-        courant = Most(courant, rows.Signal[i] * rows.StepPerWidth[i]);
-    return courant;
-}
-
 // States beside the edges -1..n+3 from the cells around them.
 template <typename Float>
 void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& constants,
                  KestrelRows<Float>& rows) {
     const int first = -2;
-    const int last = strip.Cells + 3;
+    const int last = PaddedLast(first, strip.Cells + 3);
     const Float strength = Least(Float(0.1) * constants.Difcon, Float(1));
     FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed, rows.Steepness, first, last);
-    TraceStates(strip, rows.SoundSpeed, rows.StepPerWidth, rows.Steepness, rows.States, first,
-                last);
+    InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
+    TraceStates(strip, rows.Cells, rows.Steepness, rows.Parabolas, rows.States, first, last);
     if (FindJumps(strip.Rho, rows.Jump, first, last) &&
         KeepContacts(strip, constants.Gamma, rows.Jump, first, last))
-        SteepenContacts(strip, rows.StepPerWidth, rows.Jump, rows.States, first, last);
+        SteepenContacts(strip, rows.Cells, rows.Jump, rows.States, first, last);
 }
 
 // Brings rows.Next to the new density, pressure and velocity of cells 1..n.
@@ -51,33 +39,35 @@ template <typename Float>
 void UpdateGas(const StripState<Float>& strip, const StepConstants<Float>& constants,
                KestrelRows<Float>& rows) {
     const int n = strip.Cells;
-    UpdateCells(strip, rows.StepPerWidth, rows.Fluxes, constants.Gamma, rows.Next, -1, n + 2);
+    UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.Next, -1,
+                PaddedLast(-1, n + 2));
     // Twice, since a first-order edge can be the ruin of the cell on its other side.
     for (int pass = 0; pass < 2; ++pass) {
         if (!MarkFailures(strip, rows.Next, rows.Failed, pass - 1, n + 2 - pass)) return;
-        UseFirstOrderFluxes(strip, rows.SoundSpeed, rows.Failed, constants.Gamma, rows.Fluxes, pass,
+        UseFirstOrderFluxes(strip, rows.Cells, rows.Failed, constants.Gamma, rows.Fluxes, pass,
                             n + 2 - pass);
-        UpdateCells(strip, rows.StepPerWidth, rows.Fluxes, constants.Gamma, rows.Next, pass,
-                    n + 1 - pass);
+        UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.Next, pass, n + 1 - pass);
     }
 }
 
 template <typename Float>
-Float AdvanceKestrelBlock(const StripState<Float>& strip, const StepConstants<Float>& constants,
+Float AdvanceKestrelBlock(const StripState<Float>& input, const StepConstants<Float>& constants,
                           const StripResult<Float>& result, KestrelRows<Float>& rows) {
+    const StripState<Float> strip = CopyStrip(input, rows.Inputs);
     const int n = strip.Cells;
-    const Float courant = PrepareCells(strip, constants, rows);
+    const int lastEdge = PaddedLast(-1, n + 3);
+    const Float courant =
+        PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Failed, rows.Cells);
     Reconstruct(strip, constants, rows);
-    SolveRiemannProblems(rows.States, constants.Gamma, rows.Fluxes, -1, n + 3);
+    SolveRiemannProblems(rows.States, constants.Gamma, rows.Fluxes, -1, lastEdge);
     const Float damping = constants.Wavhaf / (constants.Wavhaf + Float(4));
-    DampRipples(strip, rows.Signal, damping, rows.Fluxes, -1, n + 3);
+    DampRipples(strip, rows.Cells, damping, rows.Fluxes, -1, lastEdge);
     UpdateGas(strip, constants, rows);
-    UpdateCarried(strip, strip.Uy, rows.StepPerWidth, rows.Fluxes, rows.Next.Rho, rows.Carried,
-                  result.Uy);
+    UpdateCarried(strip, strip.Uy, rows.Cells, rows.Fluxes, rows.Next.Rho, rows.Carried, result.Uy);
     if (strip.Smoke)
-        UpdateCarried(strip, strip.Smoke, rows.StepPerWidth, rows.Fluxes, rows.Next.Rho,
-                      rows.Carried, result.Smoke);
-    return Most(courant, HandOver(strip, rows.Next, result));
+        UpdateCarried(strip, strip.Smoke, rows.Cells, rows.Fluxes, rows.Next.Rho, rows.Carried,
+                      result.Smoke);
+    return Most(courant, HandOver(strip, rows.Next, rows.Failed, result));
 }
 
 // Advances the strip by one step and returns its Courant number.

@@ -2,19 +2,20 @@
 #pragma once
 
 #include "schemes/arithmetic.h"
+#include "schemes/strip.h"
 
-// The parabola of one cell, by its rise from the left edge to the average and from the average to
-// the right edge. Both are 0 for a constant.
+// The parabolas of a row of cells, by their rise from the left edge to the average and from the
+// average to the right edge. Both are 0 for a constant.
 template <typename Float>
-struct Parabola {
-    Float FromLeft;
-    Float ToRight;
+struct Parabolas {
+    Row<Float> FromLeft;
+    Row<Float> ToRight;
 };
 
 // The slope of a cell between the differences to its two neighbours: their mean, but at most twice
 // the smaller one, and 0 at an extremum.
 template <typename Float>
-inline Float LimitedSlope(Float left, Float right) {
+[[gnu::always_inline]] inline Float LimitedSlope(Float left, Float right) {
     const Float mean = Float(0.5) * (left + right);
     const Float bound = Float(2) * Least(Along(left, mean), Along(right, mean));
     return Signed(Most(Least(Size(mean), bound), Float(0)), mean);
@@ -30,7 +31,8 @@ inline Float LimitedSlope(Float left, Float right) {
 // neither limit applies, so that crests keep their height; the idea is that of J. Comput. Phys.
 // 227, 7069 (2008).
 template <typename Float>
-inline Parabola<Float> LimitedParabola(Float d1, Float d2, Float d3, Float d4) {
+[[gnu::always_inline]] inline void LimitedParabola(Float d1, Float d2, Float d3, Float d4,
+                                                   Float& fromLeft, Float& toRight) {
     const Float half = Float(0.5);
     const Float sixth = Float(1.0 / 6.0);
     const Float bendHere = d3 - d2;
@@ -55,17 +57,18 @@ inline Parabola<Float> LimitedParabola(Float d1, Float d2, Float d3, Float d4) {
     const bool flat = slopeHere == Float(0);
     const Float belowLimited = Choose(flat, Float(0), Along(belowCut, slopeHere));
     const Float aboveLimited = Choose(flat, Float(0), Along(aboveCut, slopeHere));
-    return {Choose(smooth, below, belowLimited), Choose(smooth, above, aboveLimited)};
+    fromLeft = Choose(smooth, below, belowLimited);
+    toRight = Choose(smooth, above, aboveLimited);
 }
 
 // Average, less the cell average, over the share nu (0 to 1) of the cell next to its right edge.
 template <typename Float>
-inline Float RightPart(Parabola<Float> a, Float nu) {
-    return (Float(1) - nu) * (a.ToRight + nu * (a.FromLeft - a.ToRight));
+[[gnu::always_inline]] inline Float RightPart(Float fromLeft, Float toRight, Float nu) {
+    return (Float(1) - nu) * (toRight + nu * (fromLeft - toRight));
 }
 
 // The same next to its left edge.
 template <typename Float>
-inline Float LeftPart(Parabola<Float> a, Float nu) {
-    return (Float(1) - nu) * (nu * (a.FromLeft - a.ToRight) - a.FromLeft);
+[[gnu::always_inline]] inline Float LeftPart(Float fromLeft, Float toRight, Float nu) {
+    return (Float(1) - nu) * (nu * (fromLeft - toRight) - fromLeft);
 }

@@ -16,23 +16,23 @@ inline bool Fails(const Float* old, Float now, int i) {
 template <typename Float>
 bool MarkFailures(const StripState<Float>& strip, const NewState<Float>& next, Row<Float>& failed,
                   int first, int last) {
-    Float any = 0;
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
         failed[i] = Choose(Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i),
                            Float(1), Float(0));
-        any = Most(any, failed[i]);
     }
-    return any > Float(0);
+    return Largest(failed.Origin(), first, last) > Float(0);
 }
 
 // Puts the fluxes of the first-order scheme with the largest local signal speed (which keeps
 // positive states positive up to Courant number 1) on those of the edges first..last that bound a
 // marked cell.
 template <typename Float>
-void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& soundSpeed,
+void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& cells,
                          const Row<Float>& failed, Float gamma, EdgeFluxes<Float>& fluxes,
                          int first, int last) {
     const Float half = Float(0.5);
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float rhoL = strip.Rho[i - 1];
         const Float rhoR = strip.Rho[i];
@@ -40,7 +40,7 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& sound
         const Float uR = strip.Ux[i];
         const Float heatL = strip.P[i - 1] / (gamma - Float(1));
         const Float heatR = strip.P[i] / (gamma - Float(1));
-        const Float fastest = Most(Size(uL) + soundSpeed[i - 1], Size(uR) + soundSpeed[i]);
+        const Float fastest = Most(cells.Signal[i - 1], cells.Signal[i]);
 
         // Seen by an observer between the two cells.
         const Float drift = half * (uR - uL);
@@ -64,15 +64,15 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& sound
 // Hands cells 1..cells over. A cell that fails even now keeps its old state; the return value is
 // then 1, a Courant number at which no caller takes the step, and 0 otherwise.
 template <typename Float>
-Float HandOver(const StripState<Float>& strip, const NewState<Float>& next,
+Float HandOver(const StripState<Float>& strip, const NewState<Float>& next, Row<Float>& failed,
                const StripResult<Float>& result) {
-    Float rejected = 0;
+    const bool any = MarkFailures(strip, next, failed, 1, strip.Cells);
+#pragma omp simd
     for (int i = 1; i <= strip.Cells; ++i) {
-        const bool failed = Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i);
-        result.Rho[i] = Choose(failed, strip.Rho[i], next.Rho[i]);
-        result.P[i] = Choose(failed, strip.P[i], next.P[i]);
-        result.Ux[i] = Choose(failed, strip.Ux[i], next.Ux[i]);
-        rejected = Most(rejected, Choose(failed, Float(1), Float(0)));
+        const bool keep = failed[i] > Float(0);
+        result.Rho[i] = Choose(keep, strip.Rho[i], next.Rho[i]);
+        result.P[i] = Choose(keep, strip.P[i], next.P[i]);
+        result.Ux[i] = Choose(keep, strip.Ux[i], next.Ux[i]);
     }
-    return rejected;
+    return any ? Float(1) : Float(0);
 }

@@ -15,20 +15,22 @@ struct EdgeFluxes {
     Row<Float> Ux;
 };
 
-// Mass flux through a wave that takes the gas to pressure `star`: exact for a shock, and close for
-// a rarefaction that is not too strong. J. Comput. Phys. 54, 174 (1984), eq. (2.5), for a gamma
-// law.
+// Square of the mass flux through a wave that takes the gas from pressure p to `star`, over its
+// density: exact for a shock, and close for a rarefaction that is not too strong. J. Comput. Phys.
+// 54, 174 (1984), eq. (2.5), for a gamma law; halfPlus is (gamma + 1) / 2, halfMinus (gamma - 1)
+// / 2.
 template <typename Float>
-inline Float WaveMassFlux(Float halfPlus, Float halfMinus, Float rho, Float p, Float star) {
-    return Root(rho * (halfPlus * star + halfMinus * p));
+[[gnu::always_inline]] inline Float WaveStiffness(Float halfPlus, Float halfMinus, Float p,
+                                                  Float star) {
+    return halfPlus * star + halfMinus * p;
 }
 
-// Solves the Riemann problem at edges first..last with two waves of the shock's kind, by Newton's
-// method from the acoustic solution, and samples it at the edge; inside a rarefaction that
-// straddles the edge the state is interpolated between its ends. Where the acoustic pressure is
-// negative, the two sides part faster than such waves can follow: nine tenths of that pressure then
-// act on the momentum, which drains the heat that the averages of so strong a rarefaction would
-// hold too much.
+// Solves the Riemann problem at edges first..last with two waves of the shock's kind and samples it
+// at the edge; inside a rarefaction that straddles the edge the state is interpolated between its
+// ends. The first guess is exact for two equal gases that collide and for weak waves; one step of
+// Newton's method follows. Where the acoustic pressure is negative, the two sides part faster than
+// such waves can follow: nine tenths of that pressure then act on the momentum, which drains the
+// heat that the averages of so strong a rarefaction would hold too much.
 template <typename Float>
 void SolveRiemannProblems(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>& fluxes,
                           int first, int last) {
@@ -38,77 +40,71 @@ void SolveRiemannProblems(const EdgeStates<Float>& states, Float gamma, EdgeFlux
     const Float halfPlus = half * (gamma + one);
     const Float halfMinus = half * (gamma - one);
     const Float perGammaLess = one / (gamma - one);
-    const Float* __restrict rhoLRow = states.RhoLeft.Origin();
-    const Float* __restrict rhoRRow = states.RhoRight.Origin();
-    const Float* __restrict pLRow = states.PLeft.Origin();
-    const Float* __restrict pRRow = states.PRight.Origin();
-    const Float* __restrict uLRow = states.UxLeft.Origin();
-    const Float* __restrict uRRow = states.UxRight.Origin();
-    Float* __restrict massRow = fluxes.Mass.Origin();
-    Float* __restrict momentumRow = fluxes.Momentum.Origin();
-    Float* __restrict energyRow = fluxes.Energy.Origin();
-    Float* __restrict uRow = fluxes.Ux.Origin();
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
-        const Float rhoL = rhoLRow[i];
-        const Float rhoR = rhoRRow[i];
-        const Float pL = pLRow[i];
-        const Float pR = pRRow[i];
-        const Float uL = uLRow[i];
-        const Float uR = uRRow[i];
+        const Float rhoL = states.RhoLeft[i];
+        const Float rhoR = states.RhoRight[i];
+        const Float pL = states.PLeft[i];
+        const Float pR = states.PRight[i];
+        const Float uL = states.UxLeft[i];
+        const Float uR = states.UxRight[i];
 
+        // First guess.
         const Float squareL = gamma * (pL * rhoL);
         const Float squareR = gamma * (pR * rhoR);
         const Float zL = Root(squareL);
         const Float zR = Root(squareR);
-        const Float acoustic = ((zR * pL + zL * pR) + zL * zR * (uL - uR)) / (zL + zR);
+        const Float sumZ = zL + zR;
+        const Float sumRho = rhoL + rhoR;
+        const Float perSums = one / (sumZ * sumRho);
+        const Float perSumZ = perSums * sumRho;
+        const Float closing = uL - uR;
+        const Float base = (zR * pL + zL * pR) * perSumZ;
+        const Float linear = (zL * zR * perSumZ) * closing;
+        const Float acoustic = base + linear;
+        const Float ram =
+            Float(0.25) * halfPlus * (rhoL * rhoR * (perSums * sumZ)) * (closing * closing);
+        const Float collision = base + (ram + Root(ram * ram + linear * linear));
         const Float lowest = Float(1e-6) * Least(pL, pR);
+        const Float guess = Most(Choose(closing > zero, collision, acoustic), lowest);
 
-        // Two strong shocks of equal gases would meet at this pressure.
-        const Float closing = Most(uL - uR, zero);
-        const Float collision =
-            halfPlus * half * (rhoL * rhoR / (rhoL + rhoR)) * (closing * closing);
-        Float star = Most(Most(acoustic, lowest), collision);
-        Float wL = WaveMassFlux(halfPlus, halfMinus, rhoL, pL, star);
-        Float wR = WaveMassFlux(halfPlus, halfMinus, rhoR, pR, star);
-        for (int iteration = 0; iteration < 2; ++iteration) {
-            const Float perL = one / wL;
-            const Float perR = one / wR;
-            const Float slopeL = half * perL * (one + squareL * perL * perL);
-            const Float slopeR = half * perR * (one + squareR * perR * perR);
-            const Float fromL = uL - (star - pL) * perL;
-            const Float fromR = uR + (star - pR) * perR;
-            star = Most(star + (fromL - fromR) / (slopeL + slopeR), lowest);
-            wL = WaveMassFlux(halfPlus, halfMinus, rhoL, pL, star);
-            wR = WaveMassFlux(halfPlus, halfMinus, rhoR, pR, star);
-        }
-        const Float starU = ((wL * uL + wR * uR) + (pL - pR)) / (wL + wR);
+        // One step of Newton's method: the velocities behind the two waves come together.
+        const Float guessWL = Root(rhoL * WaveStiffness(halfPlus, halfMinus, pL, guess));
+        const Float guessWR = Root(rhoR * WaveStiffness(halfPlus, halfMinus, pR, guess));
+        const Float perBoth = one / (guessWL * guessWR);
+        const Float perL = perBoth * guessWR;
+        const Float perR = perBoth * guessWL;
+        const Float slopeL = half * perL * (one + squareL * (perL * perL));
+        const Float slopeR = half * perR * (one + squareR * (perR * perR));
+        const Float behindL = uL - (guess - pL) * perL;
+        const Float behindR = uR + (guess - pR) * perR;
+        const Float perSlopes = one / (slopeL + slopeR);
+        const Float star = Most(guess + (behindL - behindR) * perSlopes, lowest);
+        const Float starU = (slopeL * behindR + slopeR * behindL) * perSlopes;
 
         // The side that the gas comes from; speeds along the way that the gas at the edge moves.
         const bool fromLeft = starU > zero;
         const Float rho = Choose(fromLeft, rhoL, rhoR);
         const Float p = Choose(fromLeft, pL, pR);
         const Float u = Choose(fromLeft, uL, uR);
-        const Float w = Choose(fromLeft, wL, wR);
         const Float z = Choose(fromLeft, zL, zR);
         const Float along = Choose(fromLeft, u, -u);
-        const Float perRho = one / rho;
-        const Float starRho = rho * (w * w / Most(w * w - rho * (star - p), Tiny<Float>()));
+        const Float stiffness = WaveStiffness(halfPlus, halfMinus, p, star);
+        const Float starRho = rho * stiffness / WaveStiffness(halfPlus, halfMinus, star, p);
+        // Where the wave on this side begins and ends: one speed for a shock; for a rarefaction the
+        // tail follows from the head, since what the wave leaves unchanged fixes the sound speed.
         const bool shock = star > p;
-        // Where the wave on this side begins and ends: one speed for a shock, two for a
-        // rarefaction.
-        const Float head = along - Choose(shock, w, z) * perRho;
-        const Float starC = Root(gamma * star / starRho);
-        const Float tail = Choose(shock, head, Size(starU) - starC);
-        const Float inFan = -head / Most(tail - head, Tiny<Float>());
-        const Float part = Choose(head >= zero, zero, Choose(tail <= zero, one, Least(inFan, one)));
+        const Float head = along - Choose(shock, Root(rho * stiffness), z) / rho;
+        const Float width = Choose(shock, zero, halfPlus * (Size(starU) - along));
+        const Float inFan = -head / Most(width, Tiny<Float>());
+        const Float part = Between(zero, inFan, one);
 
         const Float starPush = Choose(acoustic < zero, Float(0.9) * acoustic, star);
-        const Float edgeRho = rho + part * (starRho - rho);
         const Float edgeP = p + part * (star - p);
         const Float edgeU = u + part * (starU - u);
-        massRow[i] = edgeRho * edgeU;
-        momentumRow[i] = p + part * (starPush - p);
-        energyRow[i] = perGammaLess * (edgeU * edgeP);
-        uRow[i] = edgeU;
+        fluxes.Mass[i] = (rho + part * (starRho - rho)) * edgeU;
+        fluxes.Momentum[i] = p + part * (starPush - p);
+        fluxes.Energy[i] = perGammaLess * (edgeU * edgeP);
+        fluxes.Ux[i] = edgeU;
     }
 }

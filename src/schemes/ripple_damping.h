@@ -11,16 +11,17 @@
 //   decides
 // Reads cells first-2..last+1.
 template <typename Float>
-void DampRipples(const StripState<Float>& strip, const Row<Float>& signal, Float strength,
+void DampRipples(const StripState<Float>& strip, const CellRows<Float>& cells, Float strength,
                  EdgeFluxes<Float>& fluxes, int first, int last) {
-    const Float* __restrict rho = strip.Rho;
+    const Float* rho = strip.Rho;
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float here = rho[i] - rho[i - 1];
         const Float left = Along(rho[i - 1] - rho[i - 2], here);
         const Float right = Along(rho[i + 1] - rho[i], here);
         // Above 0 only if both neighbouring steps go the other way.
         const Float step = Most(Least(Least(-left, -right), Size(here)), Float(0));
-        const Float speed = strength * Most(signal[i - 1], signal[i]);
+        const Float speed = strength * Most(cells.Signal[i - 1], cells.Signal[i]);
         fluxes.Mass[i] = fluxes.Mass[i] - Signed(speed * step, here);
     }
 }

@@ -14,8 +14,9 @@
 template <typename Float>
 void FlattenShocks(const StripState<Float>& strip, Float shockJump, Float strength, Row<Float>& raw,
                    Row<Float>& steepness, int first, int last) {
-    const Float* __restrict p = strip.P;
-    const Float* __restrict u = strip.Ux;
+    const Float* p = strip.P;
+    const Float* u = strip.Ux;
+#pragma omp simd
     for (int i = first - 1; i <= last + 1; ++i) {
         const Float near = Size(p[i + 1] - p[i - 1]);
         const Float far = Size(p[i + 2] - p[i - 2]);
@@ -26,6 +27,7 @@ void FlattenShocks(const StripState<Float>& strip, Float shockJump, Float streng
         const bool shock = (near > shockJump * least) & (u[i - 1] > u[i + 1]);
         raw[i] = Choose(shock, strength * flat, Float(0));
     }
+#pragma omp simd
     for (int i = first; i <= last; ++i)
         steepness[i] = Float(1) - Most(raw[i], Most(raw[i - 1], raw[i + 1]));
 }
