@@ -63,16 +63,22 @@ void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFlux
     }
 }
 
+// What the update of a carried quantity found to do.
+struct CarriedWork {
+    bool Varies;
+    bool Jumps;
+};
+
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
 // density.
 template <typename Float>
-void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRows<Float>& cells,
-                   const EdgeFluxes<Float>& fluxes, const Row<Float>& newRho,
-                   CarriedRows<Float>& rows, Float* result) {
+CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
+                          const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
+                          const Row<Float>& newRho, CarriedRows<Float>& rows, Float* result) {
     const int n = strip.Cells;
     if (IsUniform(a, -1, n + 2)) {
         for (int i = 1; i <= n; ++i) result[i] = a[i];
-        return;
+        return {false, false};
     }
     const int last = PaddedLast(0, n + 1);
 #pragma omp simd
@@ -80,12 +86,13 @@ void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRow
         LimitedParabola(a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i], a[i + 2] - a[i + 1],
                         rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
     TraceCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
-    if (FindJumps(a, rows.Jump, 0, last))
-        SteepenCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
+    const bool jumps = FindJumps(a, rows.Jump, 0, last);
+    if (jumps) SteepenCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
 #pragma omp simd
     for (int i = 1; i <= n; ++i) {
         const Float in = fluxes.Mass[i] * (rows.EdgeValue[i] - a[i]);
         const Float out = fluxes.Mass[i + 1] * (rows.EdgeValue[i + 1] - a[i]);
         result[i] = a[i] + cells.StepPerWidth[i] * (in - out) / newRho[i];
     }
+    return {true, jumps};
 }

@@ -17,6 +17,5 @@ extern "C" [[gnu::visibility("default")]] void HERON32(
                                                transverseResult, smokeResult, *boundary);
     const StepConstants<float> constants = {*timeStep, *gamma, *rhoFloor, *auxFloor, *pFloor,
                                             *vFloor,   0.3F,   0.2F,      1.0F};
-    *courant = std::max(*courant, AdvanceKestrel(strip, constants, result));
-    opCounters[0] += *width;
+    *courant = std::max(*courant, AdvanceKestrel(strip, constants, result, opCounters));
 }

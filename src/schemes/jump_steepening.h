@@ -33,7 +33,7 @@ bool FindJumps(const Float* a, Row<Float>& jump, int first, int last) {
 // Takes away the jumps of density that are no contacts: where the pressure differs by more than
 // 0.01 gamma of the relative difference of density, or the density by less than a tenth.
 template <typename Float>
-bool KeepContacts(const StripState<Float>& strip, Float gamma, Row<Float>& jump, int first,
+void KeepContacts(const StripState<Float>& strip, Float gamma, Row<Float>& jump, int first,
                   int last) {
     const Float* rho = strip.Rho;
     const Float* p = strip.P;
@@ -48,7 +48,6 @@ bool KeepContacts(const StripState<Float>& strip, Float gamma, Row<Float>& jump,
         const Float share = jump[i];
         jump[i] = Choose(contact, share, Float(0));
     }
-    return Largest(jump.Origin(), first, last) > Float(0);
 }
 
 // The average, less the cell's own, over the share nu of a cell that holds a jump, next to its edge

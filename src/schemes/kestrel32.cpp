@@ -19,6 +19,5 @@ extern "C" [[gnu::visibility("default")]] void KESTREL32(
                                                transverseResult, smokeResult, *boundary);
     const StepConstants<float> constants = {*timeStep, *gamma,  *rhoFloor, *auxFloor, *pFloor,
                                             *vFloor,   *difcon, *shkjmp,   *wavhaf};
-    *courant = std::max(*courant, AdvanceKestrel(strip, constants, result));
-    opCounters[0] += *width;
+    *courant = std::max(*courant, AdvanceKestrel(strip, constants, result, opCounters));
 }
