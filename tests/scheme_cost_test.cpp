@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "counting_float.h"
-#include "schemes/kestrel_step.h"
+#include "schemes/traced_step.h"
 
 namespace {
 
@@ -30,6 +30,7 @@ double Bump(int cell, int length) {
     return cell > length ? 1.0 : cell == length ? 0.5 : 0.0;
 }
 
+template <StepParts Parts>
 Cost CostOf(const Sample& sample, int cells) {
     const auto length = static_cast<std::size_t>(cells + 2 * B + 1);
     std::vector<CountingFloat> edges(length), rho(length), p(length), ux(length), uy(length),
@@ -54,7 +55,7 @@ Cost CostOf(const Sample& sample, int cells) {
         sample.Failure ? 2e-4 : 1e-5, 1.4, 1e-8, 1e-8, 1e-8, 1e-8, 0.3, 0.2, 1.0};
     Cost cost;
     const CellCost before = CountingFloat::Counted();
-    AdvanceKestrel(strip, constants, result, cost.Said.data());
+    AdvanceTraced<Parts>(strip, constants, result, cost.Said.data());
     const CellCost after = CountingFloat::Counted();
     cost.Real = {after.Adds - before.Adds, after.Mults - before.Mults, after.Recips - before.Recips,
                  after.Selects - before.Selects, after.Roots - before.Roots};
@@ -63,26 +64,34 @@ Cost CostOf(const Sample& sample, int cells) {
 
 // Loops run a few cells past both ends, so that the cost of a cell shows in the difference of two
 // strips, whose lengths fill whole vectors.
+template <StepParts Parts>
+void ExpectTruth(const Sample& sample) {
+    constexpr int more = 32;
+    const Cost small = CostOf<Parts>(sample, 64);
+    const Cost large = CostOf<Parts>(sample, 64 + more);
+    const int adds = (large.Real.Adds - small.Real.Adds) / more;
+    const int mults = (large.Real.Mults - small.Real.Mults) / more;
+    const int recips = (large.Real.Recips - small.Real.Recips) / more;
+    const int selects = (large.Real.Selects - small.Real.Selects) / more;
+    const int roots = (large.Real.Roots - small.Real.Roots) / more;
+    const std::array<int, 8> real = {
+        adds + mults + recips + roots, adds, mults, recips, selects, roots, 0, 0};
+    for (std::size_t slot = 0; slot < real.size(); ++slot)
+        EXPECT_EQ((large.Said[slot] - small.Said[slot]) / more, real[slot])
+            << sample.Name << (Parts.FlattensShocks ? ", flattening" : "")
+            << (Parts.SteepensJumps ? ", steepening" : "") << ", counter " << slot + 1;
+}
+
 TEST(SchemeCost, IsWhatTheCountersSay) {
     const Sample samples[] = {
         {"plain", false, false, false, false},     {"contact", true, false, false, false},
         {"transverse", false, true, false, false}, {"smoke", false, false, true, false},
         {"failure", false, false, false, true},
     };
-    constexpr int more = 32;
     for (const Sample& sample : samples) {
-        const Cost small = CostOf(sample, 64);
-        const Cost large = CostOf(sample, 64 + more);
-        const int adds = (large.Real.Adds - small.Real.Adds) / more;
-        const int mults = (large.Real.Mults - small.Real.Mults) / more;
-        const int recips = (large.Real.Recips - small.Real.Recips) / more;
-        const int selects = (large.Real.Selects - small.Real.Selects) / more;
-        const int roots = (large.Real.Roots - small.Real.Roots) / more;
-        const std::array<int, 8> real = {
-            adds + mults + recips + roots, adds, mults, recips, selects, roots, 0, 0};
-        for (std::size_t slot = 0; slot < real.size(); ++slot)
-            EXPECT_EQ((large.Said[slot] - small.Said[slot]) / more, real[slot])
-                << sample.Name << ", counter " << slot + 1;
+        ExpectTruth<StepParts{true, true}>(sample);
+        ExpectTruth<StepParts{false, true}>(sample);
+        ExpectTruth<StepParts{false, false}>(sample);
     }
 }
 

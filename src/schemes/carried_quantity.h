@@ -71,7 +71,7 @@ struct CarriedWork {
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
 // density.
-template <typename Float>
+template <bool SteepensJumps, typename Float>
 CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
                           const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
                           const Row<Float>& newRho, CarriedRows<Float>& rows, Float* result) {
@@ -86,8 +86,11 @@ CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
         LimitedParabola(a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i], a[i + 2] - a[i + 1],
                         rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
     TraceCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
-    const bool jumps = FindJumps(a, rows.Jump, 0, last);
-    if (jumps) SteepenCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
+    bool jumps = false;
+    if constexpr (SteepensJumps) {
+        jumps = FindJumps(a, rows.Jump, 0, last);
+        if (jumps) SteepenCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
+    }
 #pragma omp simd
     for (int i = 1; i <= n; ++i) {
         const Float in = fluxes.Mass[i] * (rows.EdgeValue[i] - a[i]);
