@@ -2,6 +2,8 @@
 // zero get the fluxes of a first-order scheme through both edges.
 #pragma once
 
+#include <algorithm>
+
 #include "schemes/conservative_update.h"
 
 // A cell fails that would lose all but a thousandth of what it and its neighbours hold at least; a
@@ -61,18 +63,24 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& 
     }
 }
 
-// Hands cells 1..cells over. A cell that fails even now keeps its old state; the return value is
-// then 1, a Courant number at which no caller takes the step, and 0 otherwise.
+// Hands cells 1..cells over. If some were mended, those that fail even now keep their old state;
+// the return value is then 1, a Courant number at which no caller takes the step, and otherwise 0.
 template <typename Float>
-Float HandOver(const StripState<Float>& strip, const NewState<Float>& next, Row<Float>& failed,
-               const StripResult<Float>& result) {
-    const bool any = MarkFailures(strip, next, failed, 1, strip.Cells);
-#pragma omp simd
-    for (int i = 1; i <= strip.Cells; ++i) {
-        const bool keep = failed[i] > Float(0);
-        result.Rho[i] = Choose(keep, strip.Rho[i], next.Rho[i]);
-        result.P[i] = Choose(keep, strip.P[i], next.P[i]);
-        result.Ux[i] = Choose(keep, strip.Ux[i], next.Ux[i]);
+Float HandOver(const StripState<Float>& strip, const NewState<Float>& next, bool mended,
+               Row<Float>& failed, const StripResult<Float>& result) {
+    const int n = strip.Cells;
+    const bool keepsAny = mended && MarkFailures(strip, next, failed, 1, n);
+    if (!keepsAny) {
+        std::copy_n(&next.Rho[1], n, result.Rho + 1);
+        std::copy_n(&next.P[1], n, result.P + 1);
+        std::copy_n(&next.Ux[1], n, result.Ux + 1);
+        return Float(0);
     }
-    return any ? Float(1) : Float(0);
+    for (int i = 1; i <= n; ++i) {
+        const bool keep = failed[i] > Float(0);
+        result.Rho[i] = keep ? strip.Rho[i] : next.Rho[i];
+        result.P[i] = keep ? strip.P[i] : next.P[i];
+        result.Ux[i] = keep ? strip.Ux[i] : next.Ux[i];
+    }
+    return Float(1);
 }

@@ -94,9 +94,10 @@ void SolveRiemannProblems(const EdgeStates<Float>& states, Float gamma, EdgeFlux
         // Where the wave on this side begins and ends: one speed for a shock; for a rarefaction the
         // tail follows from the head, since what the wave leaves unchanged fixes the sound speed.
         const bool shock = star > p;
-        const Float head = along - Choose(shock, Root(rho * stiffness), z) / rho;
-        const Float width = Choose(shock, zero, halfPlus * (Size(starU) - along));
-        const Float inFan = -head / Most(width, Tiny<Float>());
+        // Both speeds are multiplied by the density here.
+        const Float behindHead = Choose(shock, Root(rho * stiffness), z) - rho * along;
+        const Float width = Choose(shock, zero, rho * (halfPlus * (Size(starU) - along)));
+        const Float inFan = behindHead / Most(width, Tiny<Float>());
         const Float part = Between(zero, inFan, one);
 
         const Float starPush = Choose(acoustic < zero, Float(0.9) * acoustic, star);
