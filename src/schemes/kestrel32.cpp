@@ -1,7 +1,7 @@
 // The full scheme in 32-bit floats.
 #include "schemes/entry_adapter.h"
-#include "schemes/kestrel_step.h"
 #include "schemes/scheme_entry_points.h"
+#include "schemes/traced_step.h"
 
 extern "C" [[gnu::visibility("default")]] void KESTREL32(
     const float* edges, const float* densityRows, const float* pressureRows,
@@ -19,6 +19,6 @@ extern "C" [[gnu::visibility("default")]] void KESTREL32(
                                                transverseResult, smokeResult, *boundary);
     const StepConstants<float> constants = {*timeStep, *gamma,  *rhoFloor, *auxFloor, *pFloor,
                                             *vFloor,   *difcon, *shkjmp,   *wavhaf};
-    *courant = std::max(*courant, AdvanceKestrel(strip, constants, result));
-    opCounters[0] += *width;
+    *courant = std::max(*courant,
+                        AdvanceTraced<StepParts{true, true}>(strip, constants, result, opCounters));
 }

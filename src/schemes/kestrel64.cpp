@@ -1,7 +1,7 @@
 // The full scheme in 64-bit floats.
 #include "schemes/entry_adapter.h"
-#include "schemes/kestrel_step.h"
 #include "schemes/scheme_entry_points.h"
+#include "schemes/traced_step.h"
 
 extern "C" [[gnu::visibility("default")]] void KESTREL64(
     const double* edges, const double* densityRows, const double* pressureRows,
@@ -19,6 +19,6 @@ extern "C" [[gnu::visibility("default")]] void KESTREL64(
                                                 transverseResult, smokeResult, *boundary);
     const StepConstants<double> constants = {*timeStep, *gamma,  *rhoFloor, *auxFloor, *pFloor,
                                              *vFloor,   *difcon, *shkjmp,   *wavhaf};
-    *courant = std::max(*courant, AdvanceKestrel(strip, constants, result));
-    opCounters[0] += *width;
+    *courant = std::max(*courant,
+                        AdvanceTraced<StepParts{true, true}>(strip, constants, result, opCounters));
 }

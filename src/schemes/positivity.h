@@ -3,8 +3,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "schemes/conservative_update.h"
 
@@ -12,31 +10,31 @@
 // value that is no number fails too.
 template <typename Float>
 inline bool Fails(const Float* old, Float now, int i) {
-    const Float least = std::min(old[i], std::min(old[i - 1], old[i + 1]));
-    return !(now > Float(0.001) * least) | !(now <= std::numeric_limits<Float>::max());
+    const Float least = Least(old[i], Least(old[i - 1], old[i + 1]));
+    return !(now > Float(0.001) * least) | !(now <= LargestFinite<Float>());
 }
 
 // Marks cells first..last that failed with 1, the others with 0, and tells whether there are any.
 template <typename Float>
 bool MarkFailures(const StripState<Float>& strip, const NewState<Float>& next, Row<Float>& failed,
                   int first, int last) {
-    Float any = 0;
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
-        failed[i] =
-            Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i) ? Float(1) : Float(0);
-        any = std::max(any, failed[i]);
+        failed[i] = Choose(Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i),
+                           Float(1), Float(0));
     }
-    return any > Float(0);
+    return Largest(failed.Origin(), first, last) > Float(0);
 }
 
 // Puts the fluxes of the first-order scheme with the largest local signal speed (which keeps
 // positive states positive up to Courant number 1) on those of the edges first..last that bound a
 // marked cell.
 template <typename Float>
-void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& soundSpeed,
+void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& cells,
                          const Row<Float>& failed, Float gamma, EdgeFluxes<Float>& fluxes,
                          int first, int last) {
     const Float half = Float(0.5);
+#pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float rhoL = strip.Rho[i - 1];
         const Float rhoR = strip.Rho[i];
@@ -44,8 +42,7 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& sound
         const Float uR = strip.Ux[i];
         const Float heatL = strip.P[i - 1] / (gamma - Float(1));
         const Float heatR = strip.P[i] / (gamma - Float(1));
-        const Float fastest =
-            std::max(std::abs(uL) + soundSpeed[i - 1], std::abs(uR) + soundSpeed[i]);
+        const Float fastest = Most(cells.Signal[i - 1], cells.Signal[i]);
 
         // Seen by an observer between the two cells.
         const Float drift = half * (uR - uL);
@@ -59,25 +56,31 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const Row<Float>& sound
              (half * drift * drift * (goingL + goingR) + drift * (strip.P[i] - strip.P[i - 1])));
 
         const bool replace = failed[i - 1] + failed[i] > Float(0);
-        fluxes.Mass[i] = replace ? mass : fluxes.Mass[i];
-        fluxes.Momentum[i] = replace ? momentum : fluxes.Momentum[i];
-        fluxes.Energy[i] = replace ? energy : fluxes.Energy[i];
-        fluxes.Ux[i] = replace ? half * (uL + uR) : fluxes.Ux[i];
+        fluxes.Mass[i] = Choose(replace, mass, fluxes.Mass[i]);
+        fluxes.Momentum[i] = Choose(replace, momentum, fluxes.Momentum[i]);
+        fluxes.Energy[i] = Choose(replace, energy, fluxes.Energy[i]);
+        fluxes.Ux[i] = Choose(replace, half * (uL + uR), fluxes.Ux[i]);
     }
 }
 
-// Hands cells 1..cells over. A cell that fails even now keeps its old state; the return value is
-// then 1, a Courant number at which no caller takes the step, and 0 otherwise.
+// Hands cells 1..cells over. If some were mended, those that fail even now keep their old state;
+// the return value is then 1, a Courant number at which no caller takes the step, and otherwise 0.
 template <typename Float>
-Float HandOver(const StripState<Float>& strip, const NewState<Float>& next,
-               const StripResult<Float>& result) {
-    Float rejected = 0;
-    for (int i = 1; i <= strip.Cells; ++i) {
-        const bool failed = Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i);
-        result.Rho[i] = failed ? strip.Rho[i] : next.Rho[i];
-        result.P[i] = failed ? strip.P[i] : next.P[i];
-        result.Ux[i] = failed ? strip.Ux[i] : next.Ux[i];
-        rejected = std::max(rejected, failed ? Float(1) : Float(0));
+Float HandOver(const StripState<Float>& strip, const NewState<Float>& next, bool mended,
+               Row<Float>& failed, const StripResult<Float>& result) {
+    const int n = strip.Cells;
+    const bool keepsAny = mended && MarkFailures(strip, next, failed, 1, n);
+    if (!keepsAny) {
+        std::copy_n(&next.Rho[1], n, result.Rho + 1);
+        std::copy_n(&next.P[1], n, result.P + 1);
+        std::copy_n(&next.Ux[1], n, result.Ux + 1);
+        return Float(0);
     }
-    return rejected;
+    for (int i = 1; i <= n; ++i) {
+        const bool keep = failed[i] > Float(0);
+        result.Rho[i] = keep ? strip.Rho[i] : next.Rho[i];
+        result.P[i] = keep ? strip.P[i] : next.P[i];
+        result.Ux[i] = keep ? strip.Ux[i] : next.Ux[i];
+    }
+    return Float(1);
 }

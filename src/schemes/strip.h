@@ -47,9 +47,16 @@ struct StepConstants {
 template <typename Float>
 constexpr int BlockCells = static_cast<int>(1024 / sizeof(Float));
 
-// One row of scratch values: cells (or edges) -7 to BlockCells + 8.
+// Kernels run over a multiple of this many cells, so that no vector is left half full; what they do
+// past the last cell is never looked at.
+constexpr int CellsAtOnce = 8;
+constexpr int PaddedLast(int first, int last) {
+    return first - 1 + (last - first + CellsAtOnce) / CellsAtOnce * CellsAtOnce;
+}
+
+// One row of scratch values: cells (or edges) -8 to BlockCells + 23.
 template <typename Float>
-class Row {
+class alignas(64) Row {
 public:
     Float* Origin() { return values_ + Before; }
     const Float* Origin() const { return values_ + Before; }
@@ -58,8 +65,48 @@ public:
 
 private:
     static constexpr int Before = 8;
-    alignas(64) Float values_[Before + BlockCells<Float> + 8];
+    Float values_[Before + BlockCells<Float> + 3 * CellsAtOnce];
 };
+
+// The inputs of a block, each row continued past its end.
+template <typename Float>
+struct InputRows {
+    Row<Float> Edges, Rho, P, Ux, Uy, Smoke;
+};
+
+// Copies cells 1-NeighbourCells..cells+NeighbourCells of a row and repeats the last one as far as
+// padded kernels read.
+template <typename Float>
+const Float* CopyRow(const Float* from, int cells, Row<Float>& row) {
+    const int last = cells + NeighbourCells;
+#pragma omp simd
+    for (int i = 1 - NeighbourCells; i <= last; ++i) row[i] = from[i];
+    for (int i = last + 1; i <= last + CellsAtOnce; ++i) row[i] = from[last];
+    return row.Origin();
+}
+
+// The same for edges, of which there is one more; cells of the last one's width follow.
+template <typename Float>
+const Float* CopyEdges(const Float* from, int cells, Row<Float>& row) {
+    const int last = cells + NeighbourCells;
+#pragma omp simd
+    for (int i = 1 - NeighbourCells; i <= last + 1; ++i) row[i] = from[i];
+    const Float width = from[last + 1] - from[last];
+    for (int i = last + 2; i <= last + 1 + CellsAtOnce; ++i) row[i] = row[i - 1] + width;
+    return row.Origin();
+}
+
+template <typename Float>
+StripState<Float> CopyStrip(const StripState<Float>& strip, InputRows<Float>& rows) {
+    const int n = strip.Cells;
+    return {CopyEdges(strip.Edges, n, rows.Edges),
+            CopyRow(strip.Rho, n, rows.Rho),
+            CopyRow(strip.P, n, rows.P),
+            CopyRow(strip.Ux, n, rows.Ux),
+            CopyRow(strip.Uy, n, rows.Uy),
+            strip.Smoke ? CopyRow(strip.Smoke, n, rows.Smoke) : nullptr,
+            n};
+}
 
 // The strip from its cell first on, cut to the given number of cells.
 template <typename Float>

@@ -1,0 +1,75 @@
+// The few operations that the kernels are made of besides + - * /. Each works on plain floats as
+// one or two instructions without a branch; a type that counts operations overloads them.
+#pragma once
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+template <typename Float>
+inline Float Choose(bool condition, Float a, Float b) {
+    return condition ? a : b;
+}
+template <typename Float>
+inline Float Least(Float a, Float b) {
+    return a < b ? a : b;
+}
+template <typename Float>
+inline Float Most(Float a, Float b) {
+    return a > b ? a : b;
+}
+template <typename Float>
+inline Float Size(Float a) {
+    return std::abs(a);
+}
+template <typename Float>
+inline Float Root(Float a) {
+    return std::sqrt(a);
+}
+// The size of a with the sign of b.
+template <typename Float>
+inline Float Signed(Float a, Float b) {
+    return std::copysign(a, b);
+}
+// a for b above or equal to 0, else -a: the sign of b on top of a's own. Unlike a product, it never
+// makes a subnormal number.
+inline double Along(double a, double b) {
+    constexpr std::uint64_t signBit = std::uint64_t{1} << 63;
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(a) ^
+                                 (std::bit_cast<std::uint64_t>(b) & signBit));
+}
+inline float Along(float a, float b) {
+    constexpr std::uint32_t signBit = std::uint32_t{1} << 31;
+    return std::bit_cast<float>(std::bit_cast<std::uint32_t>(a) ^
+                                (std::bit_cast<std::uint32_t>(b) & signBit));
+}
+template <typename Float>
+inline Float Between(Float low, Float a, Float high) {
+    return Least(Most(a, low), high);
+}
+// The largest of the elements first..last of a row, at least one; the order in which they are
+// compared does not show in the result.
+template <typename Float>
+inline Float Largest(const Float* row, int first, int last) {
+    Float largest = row[first];
+#pragma omp simd reduction(max : largest)
+    for (int i = first; i <= last; ++i) largest = Most(largest, row[i]);
+    return largest;
+}
+template <typename Float>
+inline Float Smallest(const Float* row, int first, int last) {
+    Float smallest = row[first];
+#pragma omp simd reduction(min : smallest)
+    for (int i = first; i <= last; ++i) smallest = Least(smallest, row[i]);
+    return smallest;
+}
+// Far below every density, pressure and speed, and far above the smallest normal number.
+template <typename Float>
+inline Float Tiny() {
+    return Float(1e-30);
+}
+template <typename Float>
+inline Float LargestFinite() {
+    return std::numeric_limits<Float>::max();
+}

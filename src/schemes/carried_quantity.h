@@ -1,0 +1,101 @@
+// Quantities that the gas carries: its velocity across the grid, and the smoke.
+#pragma once
+
+#include "schemes/conservative_update.h"
+#include "schemes/jump_steepening.h"
+
+// Scratch of one quantity at a time.
+template <typename Float>
+struct CarriedRows {
+    Parabolas<Float> Shape;
+    Row<Float> Jump, EdgeValue;
+};
+
+// Whether cells first..last of a hold one value: it then stays, to the bit.
+template <typename Float>
+bool IsUniform(const Float* a, int first, int last) {
+    return Largest(a, first, last) == Smallest(a, first, last);
+}
+
+// The value that the mass through edges first..last carries, from the part of the upstream cell's
+// mass that leaves it during the step.
+template <typename Float>
+void TraceCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
+                  CarriedRows<Float>& rows, int first, int last) {
+    const Float one = Float(1);
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float mass = fluxes.Mass[i];
+        const Float shareL = Between(Float(0), mass * cells.StepPerMass[i - 1], one);
+        const Float shareR = Between(Float(0), -mass * cells.StepPerMass[i], one);
+        const Float fromLeft =
+            a[i - 1] + RightPart(rows.Shape.FromLeft[i - 1], rows.Shape.ToRight[i - 1], shareL);
+        const Float fromRight =
+            a[i] + LeftPart(rows.Shape.FromLeft[i], rows.Shape.ToRight[i], shareR);
+        rows.EdgeValue[i] = Choose(mass > Float(0), fromLeft, fromRight);
+    }
+}
+
+// The same for upstream cells that hold a jump.
+template <typename Float>
+void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
+                    CarriedRows<Float>& rows, int first, int last) {
+    const Float one = Float(1);
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float mass = fluxes.Mass[i];
+        const Float l2 = a[i - 2];
+        const Float l1 = a[i - 1];
+        const Float r1 = a[i];
+        const Float r2 = a[i + 1];
+        const Float jumpL = rows.Jump[i - 1];
+        const Float jumpR = rows.Jump[i];
+        const Float perMassL = cells.StepPerMass[i - 1];
+        const Float perMassR = cells.StepPerMass[i];
+        const bool fromLeft = mass > Float(0);
+        const Float far = Choose(fromLeft, l2, r2);
+        const Float here = Choose(fromLeft, l1, r1);
+        const Float near = Choose(fromLeft, r1, l1);
+        const Float jump = Choose(fromLeft, jumpL, jumpR);
+        const Float share = Least(Size(mass) * Choose(fromLeft, perMassL, perMassR), one);
+        const Float gain = here + PartOfJump(far, here, near, share) - rows.EdgeValue[i];
+        rows.EdgeValue[i] = rows.EdgeValue[i] + jump * gain;
+    }
+}
+
+// What the update of a carried quantity found to do.
+struct CarriedWork {
+    bool Varies;
+    bool Jumps;
+};
+
+// New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
+// density.
+template <bool SteepensJumps, typename Float>
+CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
+                          const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
+                          const Row<Float>& newRho, CarriedRows<Float>& rows, Float* result) {
+    const int n = strip.Cells;
+    if (IsUniform(a, -1, n + 2)) {
+        for (int i = 1; i <= n; ++i) result[i] = a[i];
+        return {false, false};
+    }
+    const int last = PaddedLast(0, n + 1);
+#pragma omp simd
+    for (int i = 0; i <= last; ++i)
+        LimitedParabola(a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i], a[i + 2] - a[i + 1],
+                        rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
+    TraceCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
+    bool jumps = false;
+    if constexpr (SteepensJumps) {
+        jumps = FindJumps(a, rows.Jump, 0, last);
+        if (jumps) SteepenCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
+    }
+#pragma omp simd
+    for (int i = 1; i <= n; ++i) {
+        const Float in = fluxes.Mass[i] * (rows.EdgeValue[i] - a[i]);
+        const Float out = fluxes.Mass[i + 1] * (rows.EdgeValue[i + 1] - a[i]);
+        result[i] = a[i] + cells.StepPerWidth[i] * (in - out) / newRho[i];
+    }
+    return {true, jumps};
+}

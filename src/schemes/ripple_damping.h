@@ -1,0 +1,27 @@
+// What takes the sawtooth out of the density that a slow shock leaves behind.
+#pragma once
+
+#include "schemes/arithmetic.h"
+#include "schemes/riemann_solver.h"
+
+// Lets mass pass through the edges first..last from the higher to the lower cell where the density
+// of four cells goes up and down in turn, the shortest wave that the grid holds, one cell to half a
+// wavelength. The pressure and the velocity stay as they are.
+//   strength   per crossing of a cell by the fastest signal; the smallest of the three steps
+//   decides
+// Reads cells first-2..last+1.
+template <typename Float>
+void DampRipples(const StripState<Float>& strip, const CellRows<Float>& cells, Float strength,
+                 EdgeFluxes<Float>& fluxes, int first, int last) {
+    const Float* rho = strip.Rho;
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float here = rho[i] - rho[i - 1];
+        const Float left = Along(rho[i - 1] - rho[i - 2], here);
+        const Float right = Along(rho[i + 1] - rho[i], here);
+        // Above 0 only if both neighbouring steps go the other way.
+        const Float step = Most(Least(Least(-left, -right), Size(here)), Float(0));
+        const Float speed = strength * Most(cells.Signal[i - 1], cells.Signal[i]);
+        fluxes.Mass[i] = fluxes.Mass[i] - Signed(speed * step, here);
+    }
+}

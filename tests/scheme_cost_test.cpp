@@ -1,0 +1,98 @@
+// The operation counters against a float that counts.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <vector>
+
+#include "counting_float.h"
+#include "schemes/traced_step.h"
+
+namespace {
+
+constexpr int B = NeighbourCells;
+
+// What a step of one block of the given flow really costs, and what it says that it costs.
+struct Cost {
+    CellCost Real;
+    std::array<int, 8> Said = {};
+};
+
+struct Sample {
+    const char* Name;
+    bool Contact;
+    bool Transverse;
+    bool Smoke;
+    bool Failure;
+};
+
+// A step with one cell between its two values.
+double Bump(int cell, int length) {
+    return cell > length ? 1.0 : cell == length ? 0.5 : 0.0;
+}
+
+template <StepParts Parts>
+Cost CostOf(const Sample& sample, int cells) {
+    const auto length = static_cast<std::size_t>(cells + 2 * B + 1);
+    std::vector<CountingFloat> edges(length), rho(length), p(length), ux(length), uy(length),
+        smoke(length);
+    for (std::size_t i = 0; i < length; ++i) {
+        const int cell = static_cast<int>(i) - B + 1;
+        edges[i] = 0.01 * static_cast<double>(i);
+        rho[i] = 1.0 + (sample.Contact ? 0.5 * Bump(cell, 20) : 0.0);
+        p[i] = 1.0;
+        ux[i] = sample.Failure ? 100.0 * Bump(cell, 20) : 0.1;
+        uy[i] = sample.Transverse ? 0.001 * cell : 0.0;
+        smoke[i] = sample.Smoke ? Bump(cell, 30) : 0.0;
+    }
+    std::vector<CountingFloat> results(5 * length);
+    const std::size_t o = B - 1;
+    const StripState<CountingFloat> strip = {&edges[o], &rho[o],   &p[o], &ux[o],
+                                             &uy[o],    &smoke[o], cells};
+    const StripResult<CountingFloat> result = {&results[o], &results[o + length],
+                                               &results[o + 2 * length], &results[o + 3 * length],
+                                               &results[o + 4 * length]};
+    const StepConstants<CountingFloat> constants = {
+        sample.Failure ? 2e-4 : 1e-5, 1.4, 1e-8, 1e-8, 1e-8, 1e-8, 0.3, 0.2, 1.0};
+    Cost cost;
+    const CellCost before = CountingFloat::Counted();
+    AdvanceTraced<Parts>(strip, constants, result, cost.Said.data());
+    const CellCost after = CountingFloat::Counted();
+    cost.Real = {after.Adds - before.Adds, after.Mults - before.Mults, after.Recips - before.Recips,
+                 after.Selects - before.Selects, after.Roots - before.Roots};
+    return cost;
+}
+
+// Loops run a few cells past both ends, so that the cost of a cell shows in the difference of two
+// strips, whose lengths fill whole vectors.
+template <StepParts Parts>
+void ExpectTruth(const Sample& sample) {
+    constexpr int more = 32;
+    const Cost small = CostOf<Parts>(sample, 64);
+    const Cost large = CostOf<Parts>(sample, 64 + more);
+    const int adds = (large.Real.Adds - small.Real.Adds) / more;
+    const int mults = (large.Real.Mults - small.Real.Mults) / more;
+    const int recips = (large.Real.Recips - small.Real.Recips) / more;
+    const int selects = (large.Real.Selects - small.Real.Selects) / more;
+    const int roots = (large.Real.Roots - small.Real.Roots) / more;
+    const std::array<int, 8> real = {
+        adds + mults + recips + roots, adds, mults, recips, selects, roots, 0, 0};
+    for (std::size_t slot = 0; slot < real.size(); ++slot)
+        EXPECT_EQ((large.Said[slot] - small.Said[slot]) / more, real[slot])
+            << sample.Name << (Parts.FlattensShocks ? ", flattening" : "")
+            << (Parts.SteepensJumps ? ", steepening" : "") << ", counter " << slot + 1;
+}
+
+TEST(SchemeCost, IsWhatTheCountersSay) {
+    const Sample samples[] = {
+        {"plain", false, false, false, false},     {"contact", true, false, false, false},
+        {"transverse", false, true, false, false}, {"smoke", false, false, true, false},
+        {"failure", false, false, false, true},
+    };
+    for (const Sample& sample : samples) {
+        ExpectTruth<StepParts{true, true}>(sample);
+        ExpectTruth<StepParts{false, true}>(sample);
+        ExpectTruth<StepParts{false, false}>(sample);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,180 @@
+// States at and past the edge of what a scheme is made for: no value that is no number, no negative
+// density or pressure, and no result that a floor would have to lift, comes out of any of them.
+#include <gtest/gtest.h>
+
+#include <sys/mman.h>
+
+#include <cmath>
+#include <functional>
+#include <random>
+
+#include "verify/strip_call.h"
+#include "verify/trial_run.h"
+
+namespace {
+
+class SchemeRobustness : public testing::TestWithParam<SchemeKind> {
+protected:
+    SchemeRobustness() : scheme_(GetParam()) {}
+
+    // Advances the flow by steps of the given multiple of the limit, as often as they are accepted.
+    void ExpectSound(const char* what, Flow flow, Boundary ends, double multiple, int steps);
+
+    LoadedScheme scheme_;
+};
+
+INSTANTIATE_TEST_SUITE_P(AllSchemes, SchemeRobustness, testing::ValuesIn(AllSchemes),
+                         [](const auto& row) { return std::string(SchemeName(row.param)); });
+
+double LimitingStep(const Flow& flow) {
+    double fastest = 0.0;
+    for (int cell = 1; cell <= flow.N; ++cell) {
+        const std::size_t i = flow.At(cell);
+        const double signal = std::abs(flow.Ux[i]) + std::sqrt(1.4 * flow.P[i] / flow.Rho[i]);
+        fastest = std::max(fastest, signal / (flow.Edges[i + 1] - flow.Edges[i]));
+    }
+    return 1.0 / fastest;
+}
+
+void SchemeRobustness::ExpectSound(const char* what, Flow flow, Boundary ends, double multiple,
+                                   int steps) {
+    Flow next = flow;
+    double cut = 1.0;
+    for (int step = 0; step < steps; ++step) {
+        FillNeighbours(flow, ends);
+        const double limit = LimitingStep(flow);
+        const StepReport report = scheme_.Advance(flow, {}, cut * multiple * limit, next);
+        ASSERT_TRUE(std::isfinite(report.Courant)) << what;
+        ASSERT_GE(report.Courant, 0.9999 * cut * multiple) << what;
+        for (int cell = 1; cell <= flow.N; ++cell) {
+            const std::size_t i = flow.At(cell);
+            ASSERT_TRUE(next.Rho[i] > 0.0 && next.Rho[i] < 1e30) << what << ", cell " << cell;
+            ASSERT_TRUE(next.P[i] > 0.0 && next.P[i] < 1e30) << what << ", cell " << cell;
+            ASSERT_TRUE(std::isfinite(next.Ux[i])) << what << ", cell " << cell;
+            ASSERT_TRUE(std::isfinite(next.Uy[i])) << what << ", cell " << cell;
+        }
+        if (multiple > 1.0) continue;
+        if (report.Courant >= 1.0) {
+            cut *= 0.9;
+            ASSERT_GT(cut, 1e-3) << what << ": no step is small enough";
+            continue;
+        }
+        cut = std::min(1.0, 1.1 * cut);
+        std::swap(flow, next);
+        next.Edges = flow.Edges;
+    }
+}
+
+Flow TwoStates(const GasState& left, const GasState& right) {
+    return ShockTubeStart({"", left, right, 0.5, 1.0}, 100);
+}
+
+TEST_P(SchemeRobustness, StandsStrongJumps) {
+    const double fast = 1000.0 * std::sqrt(1.4);
+    const std::vector<std::pair<const char*, Flow>> cases = {
+        {"pressure ratio 1e10", TwoStates({1, 1e5, 0, 0}, {1, 1e-5, 0, 0})},
+        {"pressure ratio 1e-10 against a wind", TwoStates({1, 1e-5, -9, 0}, {0.1, 1e5, 3, 0})},
+        {"streams collide at Mach 1000", TwoStates({1, 1, fast, 5}, {1, 1, -fast, -5})},
+        {"streams part at Mach 1000", TwoStates({1, 1, -fast, 0}, {1, 1, fast, 0})},
+        {"streams part and leave a vacuum", TwoStates({1, 1, -8, 0}, {1, 1, 8, 0})},
+        {"gas runs into near vacuum", TwoStates({1, 1, 0, 0}, {1e-8, 1e-8, 0, 0})},
+        {"dense gas against light", TwoStates({1e3, 1e3, 0, 0}, {1e-6, 1e-3, 0, 0})},
+        {"everything at its floor", TwoStates({1e-8, 1e-8, 0, 0}, {1e-8, 1e-8, 1, 0})},
+    };
+    for (const auto& [what, flow] : cases)
+        for (const Boundary ends : {Boundary::Continuation, Boundary::Reflecting})
+            ExpectSound(what, flow, ends, 0.85, 300);
+}
+
+Flow RandomFlow(unsigned seed, bool unevenCells) {
+    std::mt19937_64 random(seed);
+    std::uniform_real_distribution<double> share(0.0, 1.0);
+    Flow flow = UniformGrid(60);
+    for (int cell = 1; cell <= flow.N; ++cell) {
+        const std::size_t i = flow.At(cell);
+        flow.Rho[i] = std::pow(10.0, -8.0 + 10.0 * share(random));
+        flow.P[i] = std::pow(10.0, -8.0 + 12.0 * share(random));
+        flow.Ux[i] = 1000.0 * (share(random) - 0.5);
+        flow.Uy[i] = share(random);
+        flow.Smoke[i] = share(random);
+        const double width = unevenCells ? std::pow(10.0, -2.0 * share(random)) : 1.0;
+        flow.Edges[i + 1] = flow.Edges[i] + width / 60.0;
+    }
+    return flow;
+}
+
+TEST_P(SchemeRobustness, StandsRandomStates) {
+    for (unsigned seed = 1; seed <= 30; ++seed) {
+        ExpectSound("random, even", RandomFlow(seed, false), Boundary::Reflecting, 0.85, 60);
+        ExpectSound("random, uneven", RandomFlow(seed, true), Boundary::Reflecting, 0.85, 60);
+        ExpectSound("random, too long a step", RandomFlow(seed, false), Boundary::Periodic, 10, 1);
+        ExpectSound("random, hardly a step", RandomFlow(seed, false), Boundary::Periodic, 1e-30, 1);
+    }
+}
+
+TEST_P(SchemeRobustness, TakesAnyConstants) {
+    if (GetParam() != SchemeKind::Kestrel && GetParam() != SchemeKind::Kestrel32) return;
+    for (const double value : {0.0, 0.5, 3.0, 10.0}) {
+        for (const auto constant :
+             {&SchemeConstants::difcon, &SchemeConstants::shkjmp, &SchemeConstants::wavhaf}) {
+            for (const std::size_t tube : {3U, 5U}) {
+                RunSettings settings = ShockTubeSettings(ShockTubes[tube]);
+                settings.Constants.*constant = value;
+                Flow flow = ShockTubeStart(ShockTubes[tube], 100);
+                const RunReport report = RunTrial(scheme_, settings, flow);
+                EXPECT_TRUE(report.Finite) << value;
+                EXPECT_EQ(report.Floored, 0) << value;
+            }
+        }
+    }
+}
+
+// Arrays that end, or begin, at a page that must not be touched.
+class GuardedStorage : public ArrayStorage {
+public:
+    explicit GuardedStorage(bool guardBehind) : guardBehind_(guardBehind) {}
+    ~GuardedStorage() override {
+        for (const auto& [address, bytes] : maps_) munmap(address, bytes);
+    }
+    GuardedStorage(const GuardedStorage&) = delete;
+    GuardedStorage& operator=(const GuardedStorage&) = delete;
+
+    void* Take(std::size_t bytes) override {
+        constexpr std::size_t page = 4096;
+        const std::size_t inner = (bytes + page - 1) / page * page;
+        void* map = mmap(nullptr, inner + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        maps_.emplace_back(map, inner + 2 * page);
+        char* first = static_cast<char*>(map) + page;
+        mprotect(first, inner, PROT_READ | PROT_WRITE);
+        return guardBehind_ ? first + inner - bytes : first;
+    }
+
+private:
+    bool guardBehind_;
+    std::vector<std::pair<void*, std::size_t>> maps_;
+};
+
+template <typename Float>
+void RunGuarded(SchemeKind kind, void* entry) {
+    for (const bool behind : {false, true}) {
+        for (const int width : {1, 6, 50, 100, 199, 200}) {
+            GuardedStorage storage(behind);
+            StripCall<Float> call(kind, width, storage);
+            Flow flow = ShockTubeStart(ShockTubes[1], width);
+            FillNeighbours(flow, Boundary::Continuation);
+            call.Load(flow, 0);
+            call.SetNumbers({}, 1e-4 / width);
+            call.Run(entry);  // a touch of the guard ends the program
+            EXPECT_GT(call.Results[0][Flow::B], Float(0));
+        }
+    }
+}
+
+TEST_P(SchemeRobustness, StaysInsideItsArrays) {
+    if (IsDouble(GetParam()))
+        RunGuarded<double>(GetParam(), scheme_.Entry());
+    else
+        RunGuarded<float>(GetParam(), scheme_.Entry());
+}
+
+}  // namespace
