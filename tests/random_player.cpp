@@ -40,10 +40,15 @@ void RandomPlayer::Act() {
         Action Take;
     };
     static constexpr Choice choices[] = {
-        {30, &RandomPlayer::PressButton}, {30, &RandomPlayer::Enter},
-        {10, &RandomPlayer::MoveBar},     {8, &RandomPlayer::Pick},
-        {3, &RandomPlayer::SpoilFile},    {3, &RandomPlayer::ChooseGrayVariable},
-        {12, &RandomPlayer::FireTicks},   {2, &RandomPlayer::LookAtPictures},
+        {30, &RandomPlayer::PressButton},
+        {24, &RandomPlayer::EnterAnywhere},
+        {6, &RandomPlayer::DrawPoints},
+        {10, &RandomPlayer::MoveBar},
+        {8, &RandomPlayer::Pick},
+        {3, &RandomPlayer::SpoilFile},
+        {3, &RandomPlayer::ChooseGrayVariable},
+        {12, &RandomPlayer::FireTicks},
+        {2, &RandomPlayer::LookAtPictures},
         {2, &RandomPlayer::StartAfresh},
     };
     int left = Below(100);
@@ -164,10 +169,24 @@ void RandomPlayer::Press(const QString& button) {
     panel_.Press(button.toUtf8());
 }
 
-void RandomPlayer::Enter() {
+void RandomPlayer::EnterAnywhere() {
     const auto boxes = panel_.Form().findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
-    QLineEdit* box = OneIn(6) ? panel_.Form().controls.txtNGridCells
-                              : boxes[Below(static_cast<int>(boxes.size()))];
+    Enter(OneIn(6) ? panel_.Form().controls.txtNGridCells
+                   : boxes[Below(static_cast<int>(boxes.size()))]);
+}
+
+void RandomPlayer::DrawPoints() {
+    const Controls& controls = panel_.Form().controls;
+    for (int points = 1 + Below(6); points > 0; --points) {
+        for (QLineEdit* box : {controls.txtMSelected, controls.txtDensity, controls.txtPressure,
+                               controls.txtVelocity}) {
+            if (!OneIn(4)) Enter(box);
+        }
+        Press("cmdSelect");
+    }
+}
+
+void RandomPlayer::Enter(QLineEdit* box) {
     const QString text = TextFor(*box);
     const bool pastes = OneIn(3);
     Tell((pastes ? "paste '" : "type '") + text + "' into " + box->objectName());

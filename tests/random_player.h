@@ -50,7 +50,9 @@ private:
 
     void PressButton();
     void Press(const QString& button);
-    void Enter();
+    void EnterAnywhere();
+    void DrawPoints();
+    void Enter(QLineEdit* box);
     void MoveBar();
     void Pick();
     void ChooseGrayVariable();
