@@ -150,4 +150,7 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
     EXPECT_EQ(Load("kept.txt"), kept);
     Write("no-ending");
     EXPECT_FALSE(Load("no-ending.txt").isEmpty());
+    Save("plain", kept);
+    Read("plain");
+    EXPECT_EQ(state.NSelected, 6);
 }

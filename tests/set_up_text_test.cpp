@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/experiment_state.h"
+#include "setup/grid.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -20,16 +21,11 @@ struct Point {
 };
 
 void SetPoints(ExperimentState& state, const std::vector<Point>& points) {
-    const int last = state.NGridCells + 2;
+    ResizeControlPointLists(state);
     state.NSelected = static_cast<int>(points.size()) - 2;
-    state.MSelList = OffsetArray<int>(0, last);
-    for (auto list : {&ExperimentState::XSelList, &ExperimentState::RhoSelList,
-                      &ExperimentState::PSelList, &ExperimentState::VxSelList}) {
-        state.*list = OffsetArray<double>(0, last);
-    }
-    for (int k = 0; k < static_cast<int>(points.size()); ++k) {
-        const Point& point = points[static_cast<std::size_t>(k)];
-        state.MSelList[k] = point.M;
+    int k = -1;
+    for (const Point& point : points) {
+        state.MSelList[++k] = point.M;
         state.XSelList[k] = point.X;
         state.RhoSelList[k] = point.Rho;
         state.PSelList[k] = point.P;
@@ -199,54 +195,41 @@ TEST(ReadSetUpText, SaysWhichStringWasWrong) {
 
 TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
     const std::string written = WriteSetUpText(ThreePressures());
-    const struct {
-        const char* what;
-        const char* by;
-    } rows[] = {
-        {"\"NGridCells\",           400", "\"NGridCells\", 5"},
-        {"\"NGridCells\",           400", "\"NGridCells\", 399"},  // the last point lies outside
-        {"\"NGridCells\",           400", "\"NGridCells\", 5002"},
-        {"\"NGridCells\",           400", "\"NGridCells\", 400.5"},
-        {"\"NGridCells\",           400", "\"NGridCells\", 4294967696"},
-        {"\"NGridCells\",           400", "\"NGridCells\", four hundred"},
-        {"\"NDifferenceScheme\",    3", "\"NDifferenceScheme\", 3e9"},
-        {"\"SoundSpeed0\",          1", "\"SoundSpeed0\", 0"},
-        {"\"CourantNumber\",        0.85", "\"CourantNumber\", 1"},
-        {"\"CourantNumber\",        0.85", "\"CourantNumber\", nan"},
-        {"\"CourantNumber\",        0.85", "\"CourantNumber\", 1e-320"},
-        {"\"SoundSpeed0\",          1", "\"SoundSpeed0\", 1e300"},
-        {"\"Periods\",              1.5", "\"Periods\", 1e300"},
-        {"\"Periods\",              1.5", "\"Periods\", 0"},
-        {"\"Periods\",              1.5", "\"Periods\", 1e999"},
-        {"\"NPlotsPerPeriod\",      400", "\"NPlotsPerPeriod\", 0"},
-        {"\"RhoMax\",               1.05", "\"RhoMax\", 0.9"},
-        {"\"PMin\",                 -49.9895", "\"PMin\", 1050"},
-        {"\"VXMax\",                1.87082869338697", "\"VXMax\", -2"},
-        {"\"NSelected\",            6", "\"NSelected\", -1"},
-        {"\"NSelected\",            6", "\"NSelected\", 401"},
-        {"\"NSelected\",            6", "\"NSelected\", 2147483647"},
-        {"\n41,", "\n40,"},
-        {"\n1,", "\n0,"},
-        {"0.1000001,               1, ", "0.1000001, 0, "},
-        {"0.1000001,               1, ", "0.1000001, inf, "},
-        {"0.01, ", "0, "},
-        {"0.1000001", "x"},
-        {"\"VX\"\r\n", "\"VX\" \"\"\r\n"},
-        {"\"NSelected\"", "\"NSelected"},
-        {"\"\"\r\n", "\"\r\n"},
-        {",            0.0000001", ""},
-        {"\r\n40,", "\r\n\r\n40,"},
+    const auto expectSilence = [](const std::string& text) {
+        const SetUpReading reading = ReadSetUpText(text, MaxGridCells);
+        EXPECT_FALSE(reading.Values.has_value()) << text;
+        EXPECT_EQ(reading.Message, "") << text;
     };
-    for (const auto& row : rows) {
-        const SetUpReading reading =
-            ReadSetUpText(ReplacedOnce(written, row.what, row.by), MaxGridCells);
-        EXPECT_FALSE(reading.Values.has_value()) << row.by;
-        EXPECT_EQ(reading.Message, "") << row.by;
+    // clang-format off
+    const struct { std::string key; std::vector<const char*> values; } parameters[] = {
+        {"NGridCells",        {"5", "399", "5002", "400.5", "4294967696", "four hundred"}},
+        {"NDifferenceScheme", {"3e9"}},
+        {"SoundSpeed0",       {"0", "1e300"}},
+        {"CourantNumber",     {"0", "1", "nan", "1e-320"}},
+        {"Periods",           {"0", "1e300", "1e999"}},
+        {"NPlotsPerPeriod",   {"0"}},
+        {"RhoMax",            {"0.9"}},
+        {"PMin",              {"1050"}},
+        {"VXMax",             {"-2"}},
+        {"NSelected",         {"-1", "7", "401", "2147483647"}},
+    };
+    const struct { const char *what, *by; } pieces[] = {
+        {"\n41,", "\n40,"}, {"\n1,", "\n0,"}, {"0.1000001,               1, ", "0.1000001, 0, "},
+        {"0.01, ", "0, "},  {"0.1000001", "x"}, {"0.1000001,               1, ", "0.1000001, inf, "},
+        {"\"\"\r\n", "\"\r\n"}, {"\"VX\"\r\n", "\"VX\" \"\"\r\n"}, {"\"NSelected\"", "\"NSelected"},
+        {"\r\n40,", "\r\n\r\n40,"},   {",            0.0000001", ""},
+    };
+    // clang-format on
+    for (const auto& [key, values] : parameters) {
+        const std::size_t at = written.find('"' + key + '"');
+        const std::string line = written.substr(at, written.find('\r', at) - at);
+        for (const char* value : values) {
+            expectSilence(ReplacedOnce(written, line, '"' + key + "\", " + value));
+        }
     }
+    for (const auto& [what, by] : pieces) expectSilence(ReplacedOnce(written, what, by));
     for (const std::size_t end : {0U, 1U, 24U, 300U, 600U, 900U, 1200U}) {
-        const SetUpReading reading = ReadSetUpText(written.substr(0, end), MaxGridCells);
-        EXPECT_FALSE(reading.Values.has_value()) << end;
-        EXPECT_EQ(reading.Message, "") << end;
+        expectSilence(written.substr(0, end));
     }
 }
 
