@@ -6,82 +6,52 @@
 
 namespace {
 
-enum class Side { Periodic, Reflecting, Continuation };
+void ExpectCopy(const ExperimentState& state, int ghost, int cell, double sign) {
+    EXPECT_EQ(state.Rho[ghost], state.Rho[cell]) << "cell " << ghost;
+    EXPECT_EQ(state.P[ghost], state.P[cell]) << "cell " << ghost;
+    EXPECT_EQ(state.Ux[ghost], sign * state.Ux[cell]) << "cell " << ghost;
+    EXPECT_EQ(state.Uy[ghost], state.Uy[cell]) << "cell " << ghost;
+    EXPECT_EQ(state.FSmoke[ghost], state.FSmoke[cell]) << "cell " << ghost;
+}
 
-// What the ghost cell k cells beyond an end must hold: the cell it copies and the sign of Ux.
-struct Source {
-    int Cell;
+// What six cells of different widths have beyond an end, from the end outwards: the cells that are
+// copied, the sign of their Ux, and the outer edges.
+struct Side {
+    int Cells[6];
     double Sign;
+    double Edges[6];
 };
-
-Source LeftSource(Side side, int k, int n) {
-    if (side == Side::Periodic) return {n + 1 - k, 1.0};
-    return side == Side::Reflecting ? Source{k, -1.0} : Source{1, 1.0};
-}
-
-Source RightSource(Side side, int k, int n) {
-    if (side == Side::Periodic) return {k, 1.0};
-    return side == Side::Reflecting ? Source{n + 1 - k, -1.0} : Source{n, 1.0};
-}
-
-void ExpectCopy(const ExperimentState& state, int ghost, Source source) {
-    EXPECT_EQ(state.Rho[ghost], state.Rho[source.Cell]) << "cell " << ghost;
-    EXPECT_EQ(state.P[ghost], state.P[source.Cell]) << "cell " << ghost;
-    EXPECT_EQ(state.Ux[ghost], source.Sign * state.Ux[source.Cell]) << "cell " << ghost;
-    EXPECT_EQ(state.Uy[ghost], state.Uy[source.Cell]) << "cell " << ghost;
-    EXPECT_EQ(state.FSmoke[ghost], state.FSmoke[source.Cell]) << "cell " << ghost;
-}
 
 }  // namespace
 
-TEST(FillBoundaryZones, CopiesByTheTypesOfBothEnds) {
-    const struct {
-        int MnBdry, MxBdry;
-        Side Left, Right;
-    } rows[] = {
-        {4, 1, Side::Periodic, Side::Periodic},
-        {4, 2, Side::Periodic, Side::Periodic},
-        {1, 1, Side::Reflecting, Side::Reflecting},
-        {1, 2, Side::Reflecting, Side::Continuation},
-        {2, 1, Side::Continuation, Side::Reflecting},
-        {3, 7, Side::Continuation, Side::Continuation},
-        {2, 4, Side::Continuation, Side::Continuation},
+TEST(FillBoundaryZones, CopiesCellsAndLaysEdgesByTheTypesOfBothEnds) {
+    const double edges[] = {0.0, 0.1, 0.3, 0.45, 0.6, 0.8, 1.0};
+    // clang-format off
+    const Side wrapL  = {{6, 5, 4, 3, 2, 1},  1, {-0.2, -0.4, -0.55, -0.7, -0.9, -1.0}};
+    const Side wrapR  = {{1, 2, 3, 4, 5, 6},  1, { 1.1,  1.3,  1.45,  1.6,  1.8,  2.0}};
+    const Side wallL  = {{1, 2, 3, 4, 5, 6}, -1, {-0.1, -0.3, -0.45, -0.6, -0.8, -1.0}};
+    const Side wallR  = {{6, 5, 4, 3, 2, 1}, -1, { 1.2,  1.4,  1.55,  1.7,  1.9,  2.0}};
+    const Side levelL = {{1, 1, 1, 1, 1, 1},  1, {-0.1, -0.2, -0.3,  -0.4, -0.5, -0.6}};
+    const Side levelR = {{6, 6, 6, 6, 6, 6},  1, { 1.2,  1.4,  1.6,   1.8,  2.0,  2.2}};
+    const struct { int MnBdry, MxBdry; const Side &Left, &Right; } rows[] = {
+        {4, 1, wrapL,  wrapR},   {4, 2, wrapL,  wrapR},
+        {1, 1, wallL,  wallR},   {1, 2, wallL,  levelR},
+        {2, 1, levelL, wallR},   {3, 7, levelL, levelR},
+        {2, 4, levelL, levelR},
     };
-    for (const int n : {6, 17}) {
-        for (const auto& row : rows) {
-            SCOPED_TRACE(testing::Message() << "types " << row.MnBdry << ", " << row.MxBdry);
-            ExperimentState state = WavyProblem(n);
-            state.MnBdry = row.MnBdry;
-            state.MxBdry = row.MxBdry;
-            FillBoundaryZones(state);
-            for (int k = 1; k <= state.NBDY; ++k) {
-                ExpectCopy(state, 1 - k, LeftSource(row.Left, k, n));
-                ExpectCopy(state, n + k, RightSource(row.Right, k, n));
-            }
-        }
-    }
-}
-
-// Ghost edges mirror, step by the width of the end cell, or repeat the other end.
-TEST(FillBoundaryZones, ExtendsTheEdges) {
-    const double edges[] = {0.0, 0.1, 0.3, 0.45, 0.6, 0.8, 1.0};  // 6 cells of different widths
-    const struct {
-        int Type;
-        double Left[6];   // X[0], X[-1] ... X[-5]
-        double Right[6];  // X[8] ... X[13]
-    } rows[] = {
-        {1, {-0.1, -0.3, -0.45, -0.6, -0.8, -1.0}, {1.2, 1.4, 1.55, 1.7, 1.9, 2.0}},
-        {2, {-0.1, -0.2, -0.3, -0.4, -0.5, -0.6}, {1.2, 1.4, 1.6, 1.8, 2.0, 2.2}},
-        {4, {-0.2, -0.4, -0.55, -0.7, -0.9, -1.0}, {1.1, 1.3, 1.45, 1.6, 1.8, 2.0}},
-    };
+    // clang-format on
     for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << "types " << row.MnBdry << ", " << row.MxBdry);
         ExperimentState state = WavyProblem(6);
         for (int i = 1; i <= 7; ++i) state.X[i] = edges[i - 1];
-        state.MnBdry = state.MxBdry = row.Type;
+        state.MnBdry = row.MnBdry;
+        state.MxBdry = row.MxBdry;
         FillBoundaryZones(state);
         for (int k = 0; k < 6; ++k) {
-            EXPECT_NEAR(state.X[-k], row.Left[k], 1e-15) << "type " << row.Type;
-            EXPECT_NEAR(state.X[8 + k], row.Right[k], 1e-15) << "type " << row.Type;
+            ExpectCopy(state, -k, row.Left.Cells[k], row.Left.Sign);
+            ExpectCopy(state, 7 + k, row.Right.Cells[k], row.Right.Sign);
+            EXPECT_NEAR(state.X[-k], row.Left.Edges[k], 1e-15);
+            EXPECT_NEAR(state.X[8 + k], row.Right.Edges[k], 1e-15);
         }
     }
 }
@@ -89,13 +59,11 @@ TEST(FillBoundaryZones, ExtendsTheEdges) {
 TEST(FirstBoundaryFill, LooksOnlyAtTheMode) {
     ExperimentState state = WavyProblem(10);
     state.MnBdry = state.MxBdry = 2;
-    const double outerEdge = state.X[0] = -7.0;
     FirstBoundaryFill(state);
-    ExpectCopy(state, 0, {1, -1.0});
-    ExpectCopy(state, 11, {10, -1.0});
+    ExpectCopy(state, 0, 1, -1.0);
+    ExpectCopy(state, 11, 10, -1.0);
     state.SoundWaveMode = 1;
     FirstBoundaryFill(state);
-    ExpectCopy(state, 0, {10, 1.0});
-    ExpectCopy(state, 11, {1, 1.0});
-    EXPECT_EQ(state.X[0], outerEdge);
+    ExpectCopy(state, 0, 10, 1.0);
+    ExpectCopy(state, 11, 1, 1.0);
 }

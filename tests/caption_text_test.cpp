@@ -8,13 +8,8 @@
 #include "setup/blast_waves.h"
 #include "setup/riemann_problem.h"
 
-namespace {
-
-const Moment now{"11/22/26", "9:41 PM"};
-
-}  // namespace
-
 TEST(CaptionText, ReadsWordForWord) {
+    const Moment now{"11/22/26", "9:41 PM"};
     ExperimentState state;
     state.StudentName = "Jane Q. Student";
     state.R0Amp = 0.25;

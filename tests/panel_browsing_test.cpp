@@ -1,20 +1,12 @@
 // Stored states, picked cells and the space-time picture, worked through the widgets.
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QScrollBar>
-#include <QTest>
+#include <vector>
 
 #include "display/space_time_view.h"
-#include "display/surface.h"
-#include "panel/main_window.h"
-#include "panel_driver.h"
+#include "panel_test.h"
 
 namespace {
 
-class PanelBrowsing : public testing::Test {
+class PanelBrowsing : public PanelTest {
 protected:
     void RunTest1() {
         panel.Press("cmdTest1");
@@ -38,10 +30,6 @@ protected:
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualItemRect(list->item(row)).center());
     }
-
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
-    const Controls& controls = panel.Form().controls;
 };
 
 }  // namespace
@@ -51,8 +39,8 @@ TEST_F(PanelBrowsing, ShowsStoredStatesByBarAndByBox) {
     const double end = state.Time;
     controls.vsbStoredStateNumber->setValue(20);
     EXPECT_EQ(state.StoredStateNumber, 20);
-    EXPECT_EQ(controls.txtStoredStateNumber->text(), "20");
-    EXPECT_EQ(controls.txtTime->text(), "t=" + QString::number(state.StoredT[20], 'f', 5));
+    EXPECT_EQ(Text("txtStoredStateNumber"), "20");
+    EXPECT_EQ(Text("txtTime"), "t=" + QString::number(state.StoredT[20], 'f', 5));
     EXPECT_EQ(state.Rho[150], Stored(20, 150));
     EXPECT_EQ(state.Time, end) << "the run's own time stays";
     controls.vsbStoredStateNumber->setSliderDown(true);
@@ -62,7 +50,7 @@ TEST_F(PanelBrowsing, ShowsStoredStatesByBarAndByBox) {
 
     panel.Type("txtStoredStateNumber", "0");
     EXPECT_EQ(controls.vsbStoredStateNumber->value(), 0);
-    EXPECT_EQ(controls.txtTime->text(), "t=0.") << "a typed number has the last word, in its form";
+    EXPECT_EQ(Text("txtTime"), "t=0.") << "a typed number has the last word, in its form";
     const double rho = state.Rho[150];
     for (const char* refused : {"96", "100000", "-1", "", "x", "1e300"}) {
         controls.txtStoredStateNumber->setText(refused);
@@ -100,23 +88,17 @@ TEST_F(PanelBrowsing, DoesNotMoveWhileARunGoes) {
 }
 
 TEST_F(PanelBrowsing, PicksACellInAPlotAtAnyTime) {
-    const struct {
-        double part;
-        int cell;
-    } rows[] = {{0.0, 1}, {1.0, 400}, {0.5, 200}};
+    const std::pair<double, int> rows[] = {{0.0, 1}, {1.0, 400}, {0.5, 200}};
     for (const bool running : {false, true}) {
-        if (running) {
-            panel.Press("cmdBegin");
-            panel.Tick(2);
-        }
+        if (running) panel.Press("cmdBegin");
+        panel.Tick(2);
         for (Surface* plot :
              {controls.pctDensityPlot, controls.pctPressurePlot, controls.pctVelocityPlot}) {
-            for (const auto& row : rows) {
-                PressAt(plot, row.part, 0.9);
-                EXPECT_NEAR(state.MSelected, row.cell, 1) << row.part;
-                EXPECT_GE(state.MSelected, 1);
-                EXPECT_LE(state.MSelected, 400);
-                EXPECT_EQ(controls.txtMSelected->text().toInt(), state.MSelected);
+            for (const auto& [part, cell] : rows) {
+                PressAt(plot, part, 0.9);
+                EXPECT_NEAR(state.MSelected, cell, 1) << part;
+                EXPECT_TRUE(state.MSelected >= 1 && state.MSelected <= 400) << part;
+                EXPECT_EQ(Text("txtMSelected").toInt(), state.MSelected);
             }
         }
     }
@@ -147,18 +129,18 @@ TEST_F(PanelBrowsing, ShowsThePictureSmallAndBig) {
     EXPECT_EQ(controls.pctSpaceTime->geometry(), QRect(8, 168, 973, 441));
     EXPECT_TRUE(controls.txtDensityMin->isHidden() && controls.txtPressureMax->isHidden());
     EXPECT_EQ(controls.lblVelocityPlot->text(), "Density");
-    EXPECT_EQ(controls.txtVelocityMin->text(), "0.125");
+    EXPECT_EQ(Text("txtVelocityMin"), "0.125");
     ChooseGray(1);
     EXPECT_EQ(controls.lblVelocityPlot->text(), "Pressure");
-    EXPECT_EQ(controls.txtVelocityMin->text(), "0.1");
-    EXPECT_EQ(controls.txtVelocityMax->text(), "1.0");
+    EXPECT_EQ(Text("txtVelocityMin"), "0.1");
+    EXPECT_EQ(Text("txtVelocityMax"), "1.0");
 
     QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton);
     EXPECT_EQ(state.SpaceTimeBig, 0);
     EXPECT_EQ(controls.pctSpaceTime->geometry(), QRect(528, 416, 453, 193));
     EXPECT_FALSE(controls.txtDensityMin->isHidden() || controls.txtPressureMax->isHidden());
     EXPECT_EQ(controls.lblVelocityPlot->text(), "Velocity");
-    EXPECT_EQ(controls.txtVelocityMin->text(), "-0.825");
+    EXPECT_EQ(Text("txtVelocityMin"), "-0.825");
 }
 
 TEST_F(PanelBrowsing, PaintsEveryVariableByItsOwnTable) {
@@ -172,11 +154,9 @@ TEST_F(PanelBrowsing, PaintsEveryVariableByItsOwnTable) {
         for (std::size_t b = 0; b < a; ++b) EXPECT_NE(pictures[a], pictures[b]) << a << ", " << b;
     }
     // State 0 is the bottom row, and lighter is more: high density left of the jump.
-    const QImage& density = pictures[0];
-    EXPECT_EQ(qGray(density.pixel(10, 192)), 250);
-    EXPECT_EQ(qGray(density.pixel(440, 192)), 5);
-    // Nothing is left white once the picture has been painted.
-    EXPECT_LT(qGray(density.pixel(440, 0)), 100);
+    EXPECT_EQ(qGray(pictures[0].pixel(10, 192)), 250);
+    EXPECT_EQ(qGray(pictures[0].pixel(440, 192)), 5);
+    EXPECT_LT(qGray(pictures[0].pixel(440, 0)), 100) << "nothing is left white";
 }
 
 TEST_F(PanelBrowsing, HasNoSmokeUnderPlover) {

@@ -1,32 +1,14 @@
 // Boxes and bars of the panel, worked through the widgets.
-#include <gtest/gtest.h>
+#include <cmath>
 
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QTest>
-#include <QTimer>
+#include "panel_test.h"
 
-#include "panel/main_window.h"
-#include "panel_driver.h"
-
-namespace {
-
-class PanelEntry : public testing::Test {
-protected:
-    QString Text(const char* box) { return panel.Form().findChild<QLineEdit*>(box)->text(); }
-
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
-    const Controls& controls = panel.Form().controls;
-};
-
-}  // namespace
+using PanelEntry = PanelTest;
 
 // Every keystroke runs the handler: what counts is the last text that was a number to take.
 TEST_F(PanelEntry, TakesValuesKeyByKeyAndKeepsTheTypedText) {
     const struct {
-        const char* box;
-        const char* typed;
+        const char *box, *typed;
         double ExperimentState::*value;
         double taken;
     } rows[] = {
@@ -38,16 +20,13 @@ TEST_F(PanelEntry, TakesValuesKeyByKeyAndKeepsTheTypedText) {
         {"txtPressure", "-3", &ExperimentState::PSel, 1e-8},
         {"txtVelocity", "-0.5", &ExperimentState::VxSel, -0.5},
         {"txtVelocity", "1e-9", &ExperimentState::VxSel, 0.0},
-        {"txtVelocity", "3e15", &ExperimentState::VxSel, 3.0},  // 3e1 to 3e12 were taken on the way
+        {"txtVelocity", "3e15", &ExperimentState::VxSel, 3e1},  // but 3e15 was never taken
     };
     for (const auto& row : rows) {
         panel.Type(row.box, row.typed);
-        if (QString(row.typed) != "3e15") {
-            EXPECT_EQ(state.*row.value, row.taken) << row.typed;
-        }
+        EXPECT_EQ(state.*row.value, row.taken) << row.typed;
         EXPECT_EQ(Text(row.box), row.typed);
     }
-    EXPECT_LE(std::abs(state.VxSel), 1e12);
 }
 
 TEST_F(PanelEntry, MovesTheBarWithTheBoxAndTheBoxWithTheBar) {
@@ -89,21 +68,17 @@ TEST_F(PanelEntry, SelectsACellByNumberWithinTheGrid) {
     EXPECT_EQ(controls.hsbMSelected->value(), 40);
     EXPECT_EQ(Text("txtPressure"), "1000.0000");
     EXPECT_EQ(Text("txtDensity"), "1.00");
-    const struct {
-        const char* text;
-        int cell;
-    } rows[] = {{"401", 40}, {"0", 40}, {"", 40}, {"-7", 40}, {"0.3", 40}, {"399.6", 400}};
-    for (const auto& row : rows) {
-        controls.txtMSelected->setText("40");
-        controls.txtMSelected->setText(row.text);
-        EXPECT_EQ(state.MSelected, row.cell) << row.text;
+    for (const char* refused : {"401", "0", "", "-7", "0.3"}) {
+        controls.txtMSelected->setText(refused);
+        EXPECT_EQ(state.MSelected, 40) << refused;
     }
+    controls.txtMSelected->setText("399.6");
+    EXPECT_EQ(state.MSelected, 400);
 }
 
 TEST_F(PanelEntry, BoundsTheMetronome) {
     const struct {
-        const char* text;
-        const char* shown;
+        const char *text, *shown;
         int milliseconds;
     } rows[] = {{"2500", "2000", 2000}, {"1.6", "2", 2},     {"0.4", "1", 1},
                 {"250", "250", 250},    {"abc", "abc", 250}, {"0", "0", 250}};

@@ -1,26 +1,17 @@
 // Problems set up on the panel: at start-up, by hand, as sound waves, on another grid, by prompts.
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <deque>
 #include <functional>
 
 #include "display/line_plots.h"
-#include "display/surface.h"
-#include "panel/main_window.h"
-#include "panel_driver.h"
+#include "panel_test.h"
 
 namespace {
 
-class PanelSetUp : public testing::Test {
+class PanelSetUp : public PanelTest {
 protected:
-    QString Text(const char* box) { return panel.Form().findChild<QLineEdit*>(box)->text(); }
-
     void Enter(int cell, const char* rho, const char* p, const char* u) {
         panel.Type("txtMSelected", QString::number(cell));
         panel.Type("txtDensity", rho);
@@ -28,10 +19,6 @@ protected:
         panel.Type("txtVelocity", u);
         panel.Press("cmdSelect");
     }
-
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
-    const Controls& controls = panel.Form().controls;
 };
 
 }  // namespace
@@ -43,22 +30,18 @@ TEST_F(PanelSetUp, ComesUpWithTheBlastWaves) {
     EXPECT_NEAR(state.PeriodTime, 0.0267261, 5e-8);
     EXPECT_NEAR(state.TStop, 0.0400892, 5e-8);
     EXPECT_NEAR(state.PlotInterval, 6.68153e-05, 5e-11);
-    EXPECT_EQ(state.P[40], 1000.0);
-    EXPECT_EQ(state.P[41], 0.01);
-    EXPECT_EQ(state.P[360], 0.01);
-    EXPECT_EQ(state.P[361], 100.0);
+    EXPECT_TRUE(state.P[40] == 1000.0 && state.P[41] == 0.01);
+    EXPECT_TRUE(state.P[360] == 0.01 && state.P[361] == 100.0);
     EXPECT_DOUBLE_EQ(state.PMin, -49.9895);
     EXPECT_DOUBLE_EQ(state.PMax, 1049.9995);
     EXPECT_NEAR(state.VXMax, 1.870829, 5e-7);
-    const struct {
-        const char* box;
-        const char* text;
-    } boxes[] = {{"txtNGridCells", "400"},       {"txtMSelected", "400"},
-                 {"txtNPeriods", "1.5"},         {"txtMSec", "5"},
-                 {"txtNPlotsPerPeriod", "400"},  {"txtTime", "t=0.0"},
-                 {"txtDensityMin", "0.95"},      {"txtPressureMax", "1049.9995"},
-                 {"txtVelocityMin", "-1.87083"}, {"txtCourantNumber", "0.85"}};
-    for (const auto& box : boxes) EXPECT_EQ(Text(box.box), box.text) << box.box;
+    const std::pair<const char*, const char*> boxes[] = {
+        {"txtNGridCells", "400"},       {"txtMSelected", "400"},
+        {"txtNPeriods", "1.5"},         {"txtMSec", "5"},
+        {"txtTime", "t=0.0"},           {"txtNPlotsPerPeriod", "400"},
+        {"txtDensityMin", "0.95"},      {"txtPressureMax", "1049.9995"},
+        {"txtVelocityMin", "-1.87083"}, {"txtCourantNumber", "0.85"}};
+    for (const auto& [box, text] : boxes) EXPECT_EQ(Text(box), text) << box;
     EXPECT_EQ(state.StudentName, "Jane Q. Student");
     EXPECT_TRUE(controls.lblStudentID->text().startsWith("RhoL = 1.0,     PL = 1000.0,"));
     EXPECT_EQ(controls.hsbMSelected->maximum(), 400);
@@ -113,17 +96,16 @@ TEST_F(PanelSetUp, ChangesTheGrid) {
                 {"20", 20, 3, 18, "20"},
                 {"6", 6, 2, 4, "6"}};
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
         controls.txtNGridCells->setText(row.text);
-        EXPECT_EQ(state.NGridCells, row.cells) << row.text;
+        EXPECT_EQ(state.NGridCells, row.cells);
         EXPECT_EQ(Text("txtNGridCells"), row.shown);
         EXPECT_EQ(state.NSelected, 6);
         EXPECT_EQ(controls.hsbMSelected->maximum(), row.cells);
         EXPECT_EQ(controls.hsbMSelected->pageStep(), std::max(1, qRound(row.cells / 25.0)));
         EXPECT_EQ(state.X[row.cells + 1], 1.0);
-        EXPECT_EQ(state.P[row.leftJump], 1000.0) << row.text;
-        EXPECT_EQ(state.P[row.leftJump + 1], 0.01) << row.text;
-        EXPECT_EQ(state.P[row.rightJump], 0.01) << row.text;
-        EXPECT_EQ(state.P[row.rightJump + 1], 100.0) << row.text;
+        EXPECT_TRUE(state.P[row.leftJump] == 1000.0 && state.P[row.leftJump + 1] == 0.01);
+        EXPECT_TRUE(state.P[row.rightJump] == 0.01 && state.P[row.rightJump + 1] == 100.0);
     }
 }
 
@@ -190,47 +172,32 @@ TEST_F(PanelSetUp, LeavesTheProblemStandingWhereNoSuchWaveIsPossible) {
 }
 
 TEST_F(PanelSetUp, AsksForOptions) {
-    const struct {
-        const char* button;
-        std::deque<BoxAnswers::Answer> answers;
-        std::size_t boxes;
-        std::function<bool()> holds;
-    } rows[] = {
-        {"cmdBoundaryConditionType",
-         {"4"},
-         1,
-         [&] { return state.MnBdry == 4 && state.MxBdry == 4; }},
-        {"cmdBoundaryConditionType",
-         {"2", "7"},
-         2,
-         [&] { return state.MnBdry == 2 && state.MxBdry == 7; }},
-        {"cmdBoundaryConditionType",
-         {std::nullopt, "x"},
-         2,
-         [&] { return state.MnBdry == 2 && state.MxBdry == 7; }},
-        {"cmdNumericalScheme",
-         {"Heron32", "7"},
-         2,
-         [&] { return state.SchemeName == "Heron32" && state.MeterOn == 1; }},
-        {"cmdNumericalScheme",
-         {"kestrel", "Plover", "-3"},
-         3,
-         [&] { return state.SchemeName == "Plover" && state.MeterOn == 0; }},
-        {"cmdNumericalScheme",
-         {std::nullopt, std::nullopt},
-         2,
-         [&] { return state.SchemeName == "Plover" && state.MeterOn == 0; }},
-        {"cmdNumericalScheme", {"a", "b", "0"}, 3, [&] { return state.SchemeName == "b"; }},
-        {"cmdGetDiffConsts",
-         {"0.1", "", "2"},
-         3,
-         [&] { return state.difcon == 0.1 && state.shkjmp == 0.2 && state.wavhaf == 2.0; }},
-        {"cmdGetTitle",
-         {"Waves & <b>walls</b>"},
-         1,
-         [&] { return controls.lblStudentID->text() == "Waves & <b>walls</b>"; }},
-        {"cmdDocumentation", {}, 1, [&] { return true; }},
+    const auto boundaries = [&](int mn, int mx) {
+        return [=, this] { return state.MnBdry == mn && state.MxBdry == mx; };
     };
+    const auto scheme = [&](const char* name, int meter) {
+        return [=, this] { return state.SchemeName == name && state.MeterOn == meter; };
+    };
+    const auto constants = [&] {
+        return state.difcon == 0.1 && state.shkjmp == 0.2 && state.wavhaf == 2.0;
+    };
+    const auto title = [&] { return controls.lblStudentID->text() == "Waves & <b>walls</b>"; };
+    // clang-format off
+    const struct {
+        const char* button; std::deque<BoxAnswers::Answer> answers; std::size_t boxes; std::function<bool()> holds;
+    } rows[] = {
+        {"cmdBoundaryConditionType", {"4"},                          1, boundaries(4, 4)},
+        {"cmdBoundaryConditionType", {"2", "7"},                     2, boundaries(2, 7)},
+        {"cmdBoundaryConditionType", {std::nullopt, "x"},            2, boundaries(2, 7)},
+        {"cmdNumericalScheme",       {"Heron32", "7"},               2, scheme("Heron32", 1)},
+        {"cmdNumericalScheme",       {"kestrel", "Plover", "-3"},    3, scheme("Plover", 0)},
+        {"cmdNumericalScheme",       {std::nullopt, std::nullopt},   2, scheme("Plover", 0)},
+        {"cmdNumericalScheme",       {"a", "b", "0"},                3, scheme("b", 0)},
+        {"cmdGetDiffConsts",         {"0.1", "", "2"},               3, constants},
+        {"cmdGetTitle",              {"Waves & <b>walls</b>"},       1, title},
+        {"cmdDocumentation",         {},                             1, title},
+    };
+    // clang-format on
     for (const auto& row : rows) {
         const BoxAnswers answers(row.answers);
         panel.Press(row.button);
@@ -261,18 +228,15 @@ TEST_F(PanelSetUp, MetersARunFromItsFirstStep) {
 
 TEST_F(PanelSetUp, LaysCurvesOverOneAnotherOnRequest) {
     const auto ink = [&] {
-        const QImage& image = controls.pctPressurePlot->Image();
-        int black = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) black += qGray(image.pixel(x, y)) < 128;
-        }
-        return black;
+        const QImage image =
+            controls.pctPressurePlot->Image().convertToFormat(QImage::Format_Grayscale8);
+        return std::count(image.constBits(), image.constBits() + image.sizeInBytes(), 0);
     };
     panel.Type("txtMSelected", "100");
-    const int single = ink();
+    const auto single = ink();
     panel.Press("cmdMultiplePlots");
     panel.Type("txtMSelected", "250");
-    const int laidOver = ink();
+    const auto laidOver = ink();
     EXPECT_GT(laidOver, single) << "the old mark stays";
     panel.Press("cmdSinglePlots");
     EXPECT_LT(ink(), laidOver);

@@ -36,3 +36,11 @@ inline ExperimentState UniformProblem(int n, double rho, double p, double ux) {
     }
     return state;
 }
+
+// Whether the control points lie in rising cells, between the entries of the two bounding cells.
+inline bool PointsAreInOrder(const ExperimentState& state) {
+    const int last = state.NSelected + 1;
+    bool inOrder = state.MSelList[0] == 0 && state.MSelList[last] == state.NGridCells + 1;
+    for (int k = 1; k <= last; ++k) inOrder &= state.MSelList[k - 1] < state.MSelList[k];
+    return inOrder;
+}

@@ -1,18 +1,12 @@
 #include "panel/run_control.h"
 
-#include <gtest/gtest.h>
-
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
 #include <cmath>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "integration/state_store.h"
-#include "panel/main_window.h"
-#include "panel_driver.h"
+#include "panel_test.h"
 #include "setup/riemann_problem.h"
 
 namespace {
@@ -38,12 +32,31 @@ struct LockRow {
     std::function<bool(Panel&)> WasAccepted;
 };
 
-LockRow Typing(const char* box, const char* text, bool needsTimeZero, const char* shownIfRefused) {
-    const QString typed = text;
+using Action = std::function<void(Panel&)>;
+
+Action Press(const char* button) {
+    return [=](Panel& panel) { panel.Press(button); };
+}
+
+// Presses a button with a cell selected.
+Action PressAt(const char* cell, const char* button) {
+    return [=](Panel& panel) {
+        panel.Type("txtMSelected", cell);
+        panel.Press(button);
+    };
+}
+
+LockRow Pressing(const char* button, bool needsStop, bool needsTimeZero, const Action& act,
+                 std::function<bool(const ExperimentState&)> wasAccepted) {
+    return {button, needsStop, needsTimeZero, act,
+            [=](Panel& panel) { return wasAccepted(panel.Form().state); }};
+}
+
+LockRow Typing(const char* box, const QString& typed, bool needsTimeZero, const char* refused) {
     return {box, true, needsTimeZero, [=](Panel& panel) { panel.Type(box, typed); },
             [=](Panel& panel) {
                 const QString shown = panel.Form().findChild<QLineEdit*>(box)->text();
-                EXPECT_TRUE(shown == typed || shown == shownIfRefused) << box;
+                EXPECT_TRUE(shown == typed || shown == refused) << box;
                 return shown == typed;
             }};
 }
@@ -60,83 +73,65 @@ LockRow Asking(const char* button, bool needsStopAndTimeZero) {
 }
 
 std::vector<LockRow> LockTable() {
-    const auto press = [](const char* button) {
-        return [=](Panel& panel) { panel.Press(button); };
+    using State = ExperimentState;
+    const Action beginAnew = [](Panel& panel) {
+        panel.Form().state.NStored = 7;
+        panel.Press("cmdBegin");
     };
+    const Action moveBar = [](Panel& panel) {
+        panel.Form().controls.hsbDensity->setValue(0);
+        panel.Type("txtDensity", "0.125");
+        EXPECT_EQ(panel.Form().state.RhoSel, 0.125);
+    };
+    const auto barFollowed = [](Panel& panel) {
+        return panel.Form().controls.hsbDensity->value() < -5000;
+    };
+    const Action typeInterval = [](Panel& panel) { panel.Type("txtMSec", "9"); };
+    // clang-format off
     return {
-        {"cmdBegin", false, true,
-         [](Panel& panel) {
-             panel.Form().state.NStored = 7;
-             panel.Press("cmdBegin");
-         },
-         [](Panel& panel) { return panel.Form().state.NStored == 1; }},
         Asking("cmdBoundaryConditionType", true),
-        Asking("cmdGetDiffConsts", true),
-        Asking("cmdNumericalScheme", true),
-        Asking("cmdSoundWave", true),
-        Asking("cmdGetTitle", false),
-        Asking("cmdDocumentation", false),
-        {"cmdSelect", true, true,
-         [](Panel& panel) {
-             panel.Type("txtMSelected", "77");
-             panel.Press("cmdSelect");
-         },
-         [](Panel& panel) { return panel.Form().state.NSelected == 5; }},
-        {"cmdReset", true, true, press("cmdReset"),
-         [](Panel& panel) { return panel.Form().state.NSelected == 2; }},
-        {"cmdDeselect", false, false,
-         [](Panel& panel) {
-             panel.Type("txtMSelected", "121");
-             panel.Press("cmdDeselect");
-         },
-         [](Panel& panel) { return panel.Form().state.NSelected == 3; }},
-        Typing("txtNGridCells", "50", true, "400"),
-        Typing("txtNPeriods", "3.5", true, "1.5"),
-        Typing("txtNPlotsPerPeriod", "77", true, "400"),
-        Typing("txtCourantNumber", "0.5", false, "0.85"),
-        {"hsbDensity", true, false,
-         [](Panel& panel) {
-             panel.Form().controls.hsbDensity->setValue(0);
-             panel.Type("txtDensity", "0.125");
-         },
-         [](Panel& panel) {
-             EXPECT_EQ(panel.Form().state.RhoSel, 0.125);
-             return panel.Form().controls.hsbDensity->value() < -5000;
-         }},
-        {"txtMSec", false, false, [](Panel& panel) { panel.Type("txtMSec", "9"); },
-         [](Panel& panel) { return panel.Form().state.MSec == 9; }},
-        {"cmdTest7", false, false, press("cmdTest7"),
-         [](Panel& panel) { return panel.Form().state.TStop == 2.0; }},
-        {"cmdPause", false, false, press("cmdPause"),
-         [](Panel& panel) { return panel.Form().state.Stopped == 1; }},
-        {"cmdRestart", false, false, press("cmdRestart"),
-         [](Panel& panel) {
-             return panel.Form().state.Stopped == 1 && panel.Form().state.Time == 0.0;
-         }},
+        Asking("cmdGetDiffConsts",         true),
+        Asking("cmdNumericalScheme",       true),
+        Asking("cmdSoundWave",             true),
+        Asking("cmdGetTitle",              false),
+        Asking("cmdDocumentation",         false),
+        Typing("txtNGridCells",      "50",  true,  "400"),
+        Typing("txtNPeriods",        "3.5", true,  "1.5"),
+        Typing("txtNPlotsPerPeriod", "77",  true,  "400"),
+        Typing("txtCourantNumber",   "0.5", false, "0.85"),
+        Pressing("cmdBegin",    false, true,  beginAnew,                     [](const State& s) { return s.NStored == 1; }),
+        Pressing("cmdSelect",   true,  true,  PressAt("77", "cmdSelect"),    [](const State& s) { return s.NSelected == 5; }),
+        Pressing("cmdReset",    true,  true,  Press("cmdReset"),             [](const State& s) { return s.NSelected == 2; }),
+        Pressing("cmdDeselect", false, false, PressAt("121", "cmdDeselect"), [](const State& s) { return s.NSelected == 3; }),
+        Pressing("cmdTest7",    false, false, Press("cmdTest7"),             [](const State& s) { return s.TStop == 2.0; }),
+        Pressing("cmdPause",    false, false, Press("cmdPause"),             [](const State& s) { return s.Stopped == 1; }),
+        Pressing("cmdRestart",  false, false, Press("cmdRestart"),           [](const State& s) { return s.Stopped == 1 && s.Time == 0.0; }),
+        Pressing("txtMSec",     false, false, typeInterval,                  [](const State& s) { return s.MSec == 9; }),
+        {"hsbDensity", true, false, moveBar, barFollowed},
     };
+    // clang-format on
 }
+
+using RunControl = PanelTest;
 
 }  // namespace
 
-TEST(RunControl, LocksEachControlAtItsStages) {
+TEST_F(RunControl, LocksEachControlAtItsStages) {
     for (const Stage stage : {Stage::SetUp, Stage::Begun, Stage::Running, Stage::Paused}) {
         const bool isStopped = stage == Stage::SetUp || stage == Stage::Paused;
         const bool isAtTimeZero = stage == Stage::SetUp || stage == Stage::Begun;
         for (const LockRow& row : LockTable()) {
-            const auto panel = At(stage);
-            row.Act(*panel);
+            const auto own = At(stage);
+            row.Act(*own);
             const bool isOpen =
                 (isStopped || !row.NeedsStop) && (isAtTimeZero || !row.NeedsTimeZero);
-            EXPECT_EQ(row.WasAccepted(*panel), isOpen)
+            EXPECT_EQ(row.WasAccepted(*own), isOpen)
                 << row.Name << " at stage " << static_cast<int>(stage);
         }
     }
 }
 
-TEST(RunControl, RunsAShockTubeToItsStopAndBack) {
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
-    const Controls& controls = panel.Form().controls;
+TEST_F(RunControl, RunsAShockTubeToItsStopAndBack) {
     panel.Press("cmdTest1");
     EXPECT_FALSE(panel.Tick()) << "nothing runs before Begin";
     panel.Press("cmdBegin");
@@ -147,24 +142,21 @@ TEST(RunControl, RunsAShockTubeToItsStopAndBack) {
     EXPECT_LT(state.Time, 0.2 + 2.0 * state.PlotInterval);
     EXPECT_EQ(state.NStored, 96);  // the initial state and 95 plot times of 1/400 of a period
     EXPECT_EQ(controls.vsbStoredStateNumber->maximum(), 95);
-    EXPECT_EQ(controls.txtStoredStateNumber->text(), "95");
+    EXPECT_EQ(Text("txtStoredStateNumber"), "95");
     for (int s = 1; s < state.NStored; ++s) EXPECT_GT(state.StoredT[s], state.StoredT[s - 1]);
 
     panel.Press("cmdRestart");
     EXPECT_EQ(state.Time, 0.0);
     EXPECT_EQ(state.NStored, 1);
     EXPECT_NEAR(state.DTime, 0.085 * 0.0025 / (0.75 + std::sqrt(1.4)), 1e-12);
-    EXPECT_EQ(controls.txtTime->text(), "t=0.0");
+    EXPECT_EQ(Text("txtTime"), "t=0.0");
     for (int i = 1; i <= 400; ++i) {
         ASSERT_EQ(state.Rho[i], i <= 120 ? 1.0 : 0.125);
         ASSERT_EQ(state.P[i], i <= 120 ? 1.0 : static_cast<double>(0.1F));  // as it was stored
     }
 }
 
-TEST(RunControl, ContinuesFromTheLastStoredState) {
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
-    const Controls& controls = panel.Form().controls;
+TEST_F(RunControl, ContinuesFromTheLastStoredState) {
     panel.Press("cmdContinue");
     EXPECT_EQ(state.Stopped, 1) << "nothing is stored yet";
     panel.Press("cmdTest1");
@@ -195,9 +187,7 @@ TEST(RunControl, ContinuesFromTheLastStoredState) {
     EXPECT_TRUE(panel.RunToEnd()) << "a finished run goes to the next plot time and stops again";
 }
 
-TEST(RunControl, StopsARunThatNoSchemeCanAdvance) {
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
+TEST_F(RunControl, StopsARunThatNoSchemeCanAdvance) {
     panel.Press("cmdTest1");
     state.SchemeName = "Osprey";
     panel.Press("cmdBegin");
@@ -208,9 +198,7 @@ TEST(RunControl, StopsARunThatNoSchemeCanAdvance) {
 }
 
 // A sound wave takes no snapshot, so that after a change of grid the stored state 0 is empty.
-TEST(RunControl, RestartsFromTheFieldsWhereNothingIsStored) {
-    Panel panel;
-    ExperimentState& state = panel.Form().state;
+TEST_F(RunControl, RestartsFromTheFieldsWhereNothingIsStored) {
     const BoxAnswers answers({"0.01"});
     panel.Press("cmdSoundWave");
     panel.Type("txtNGridCells", "100");
@@ -223,31 +211,30 @@ TEST(RunControl, RestartsFromTheFieldsWhereNothingIsStored) {
 }
 
 // More plots than there are times, or none at all: the run goes on, the store stays whole.
-TEST(RunControl, KeepsTheStoreWholeForAnyNumberOfPlots) {
+TEST_F(RunControl, KeepsTheStoreWholeForAnyNumberOfPlots) {
     const struct {
-        const char* plots;
-        const char* periods;
-        int capacity;
-    } rows[] = {{"100000", "40000", 402 * 2002}, {"1", "0.2", 402}};
+        const char *plots, *periods;
+        int states;
+    } rows[] = {{"100000", "40000", 2002}, {"1", "0.2", 1}};
     for (const auto& row : rows) {
-        Panel panel;
+        panel.Press("cmdRestart");
         panel.Press("cmdTest1");
         panel.Type("txtNPlotsPerPeriod", row.plots);
         panel.Type("txtNPeriods", row.periods);
-        EXPECT_EQ(panel.Form().state.StoreCapacity, row.capacity);
+        EXPECT_EQ(state.StoreCapacity, 402 * row.states);
         panel.Press("cmdBegin");
         panel.Tick(200);
-        EXPECT_LE(panel.Form().state.NStored, row.capacity / 402);
-        EXPECT_GT(panel.Form().state.Time, 0.0);
+        EXPECT_LE(state.NStored, row.states);
+        EXPECT_GT(state.Time, 0.0);
+        panel.Press("cmdPause");
     }
 }
 
-TEST(RunControl, RunsEveryTestWithEveryScheme) {
+TEST_F(RunControl, RunsEveryTestWithEveryScheme) {
     for (const char* scheme : {"Kestrel", "Kestrel32", "Heron32", "Plover"}) {
         for (int test = 1; test <= 8; ++test) {
             SCOPED_TRACE(testing::Message() << scheme << ", test " << test);
-            Panel panel;
-            ExperimentState& state = panel.Form().state;
+            panel.Press("cmdRestart");
             state.SchemeName = scheme;
             panel.Press(qPrintable(QString("cmdTest%1").arg(test)));
             panel.Press("cmdBegin");

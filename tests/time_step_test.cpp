@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <cmath>
 
 #include "integration/tick_arrays.h"
 #include "problems.h"
@@ -53,26 +53,23 @@ TEST_F(TimeStep, RepeatsTheAttemptUntilTheCourantNumberIsBelowOne) {
     const struct {
         double dTime, accepted;
     } rows[] = {{0.999, 0.999}, {1.0, 0.9}, {1.2, 1.2 * 0.9 * 0.9}};
+    const ExperimentState before = state;
     for (const auto& row : rows) {
-        state = WavyProblem(20);
-        state.MnBdry = 4;
-        state.PlotInterval = 10.0;
+        state = before;
         state.DTime = row.dTime;
-        const double last = state.Rho[20];
         TickArrays tick(state, library);
         ASSERT_TRUE(TakeTimeStep(state, tick));
         EXPECT_DOUBLE_EQ(state.Time, row.accepted);
-        EXPECT_EQ(state.Rho[1], last);  // shifted once, however often it was tried
+        EXPECT_DOUBLE_EQ(state.TimeToPlot, 10.0 - row.accepted);
+        EXPECT_EQ(state.Rho[1], before.Rho[20]);  // shifted once, however often it was tried
         // Above the target of 0.85 the next step falls back to it.
         EXPECT_DOUBLE_EQ(state.DTime, 0.85);
     }
 }
 
 TEST_F(TimeStep, IsRefusedWhenNoAttemptCanPass) {
-    const double slopes[] = {1e300, std::numeric_limits<double>::infinity(),
-                             std::numeric_limits<double>::quiet_NaN()};
     const ExperimentState before = state;
-    for (const double slope : slopes) {
+    for (const double slope : {1e300, HUGE_VAL, std::nan("")}) {
         courantPerTime = slope;
         TickArrays tick(state, library);
         EXPECT_FALSE(TakeTimeStep(state, tick));
@@ -91,14 +88,13 @@ TEST_F(TimeStep, IsRefusedWhenNoAttemptCanPass) {
     state.SchemeName = "kestrel";
     TickArrays tick(state);
     EXPECT_FALSE(TakeTimeStep(state, tick));
-    EXPECT_EQ(state.Ux[3], before.Ux[3]);
 }
 
 TEST_F(TimeStep, RaisesToTheFloorsAndStopsSlowVelocities) {
     for (int i = 1; i <= 20; ++i) {
         state.Rho[i] = 1e-9;
         state.Ux[i] = i % 2 == 0 ? 9.9e-9 : -1e-8;
-        state.Uy[i] = -9.9e-9;
+        state.Uy[i] = i % 2 == 0 ? -9.9e-9 : 1e-8;
     }
     shiftedPressure = -1.0;
     TickArrays tick(state, library);
@@ -106,19 +102,23 @@ TEST_F(TimeStep, RaisesToTheFloorsAndStopsSlowVelocities) {
     EXPECT_EQ(state.Rho[5], 1e-8);
     EXPECT_EQ(state.P[5], 1e-8);
     EXPECT_EQ(state.Ux[5], 0.0);
-    EXPECT_EQ(state.Ux[6], -1e-8);  // exactly the floor stays
     EXPECT_EQ(state.Uy[5], 0.0);
+    EXPECT_EQ(state.Ux[6], -1e-8);  // exactly the floor stays
+    EXPECT_EQ(state.Uy[6], 1e-8);
 }
 
 TEST(ControlTimeStep, FollowsTheCourantNumber) {
-    const struct {
-        double courant, dTime, plotInterval, next;
-    } rows[] = {
-        {0.5, 0.1, 1.0, 0.1025}, {0.5, 0.1, 0.101, 0.101},  // growth is capped
-        {0.765, 0.1, 1.0, 0.1},  {0.7649, 0.1, 1.0, 0.1025},
-        {0.85, 0.1, 1.0, 0.1},   {0.95, 0.1, 1.0, 0.1 * (0.85 / 0.95)},
-        {0.8, 0.2, 0.1, 0.2},
+    // clang-format off
+    const struct { double courant, dTime, plotInterval, next; } rows[] = {
+        {0.5,    0.1, 1.0,   0.1025},
+        {0.5,    0.1, 0.101, 0.101},  // growth is capped
+        {0.765,  0.1, 1.0,   0.1},
+        {0.7649, 0.1, 1.0,   0.1025},
+        {0.85,   0.1, 1.0,   0.1},
+        {0.95,   0.1, 1.0,   0.1 * (0.85 / 0.95)},
+        {0.8,    0.2, 0.1,   0.2},
     };
+    // clang-format on
     for (const auto& row : rows) {
         ExperimentState state;
         state.DTime = row.dTime;
@@ -129,15 +129,14 @@ TEST(ControlTimeStep, FollowsTheCourantNumber) {
 }
 
 TEST(StepsOfTick, FollowsTheGridOrTheWeakWave) {
-    const struct {
-        int n, soundWave;
-        double rhoMax, dTime;
-        int steps;
-    } rows[] = {
-        {29, 0, 1.0, 0.1, 1},        {30, 0, 1.0, 0.1, 1},        {60, 0, 1.0, 0.1, 2},
-        {400, 0, 1.0, 0.1, 13},      {400, 1, 1.05, 0.002, 50},   {6, 1, 1.05, 0.002, 50},
+    // clang-format off
+    const struct { int n, soundWave; double rhoMax, dTime; int steps; } rows[] = {
+        {29,  0, 1.0,  0.1,   1},  {60,  0, 1.0,  0.1,   2},  {400, 0, 1.0,  0.1,   13},
+        {400, 1, 1.05, 0.002, 50}, {6,   1, 1.05, 0.002, 50}, {400, 1, 1.08, 0.002, 13},
+        {400, 1, 1.05, 0.5,   1},  {400, 0, 1.05, 0.002, 13},
         {5001, 1, 1.05, 8e-5, 1250}, {5001, 1, 1.05, 1e-9, 3999}, {6, 1, 1.05, 1e-300, 3333333},
-        {400, 1, 1.08, 0.002, 13},   {400, 1, 1.05, 0.5, 1},      {400, 0, 1.05, 0.002, 13}};
+    };
+    // clang-format on
     for (const auto& row : rows) {
         ExperimentState state;
         state.NGridCells = row.n;
