@@ -154,3 +154,18 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
     Read("plain");
     EXPECT_EQ(state.NSelected, 6);
 }
+
+// A problem without points is only as good as its closing entries.
+TEST_F(PanelFiles, RaiseToTheFloorsWhatTheFileHasBelow) {
+    for (int k = 0; k < 6; ++k) {
+        panel.Type("txtMSelected", QString::number(state.MSelList[1]));
+        panel.Press("cmdDeselect");
+    }
+    state.RhoSelList[0] = state.PSelList[1] = 1e-300;
+    Write("empty.txt");
+    Read("empty.txt");
+    EXPECT_EQ(state.NSelected, 0);
+    EXPECT_EQ(state.Rho[1], 1e-8);
+    EXPECT_EQ(state.P[400], 1e-8);
+    EXPECT_TRUE(std::isfinite(state.DTime) && state.DTime > 0.0);
+}

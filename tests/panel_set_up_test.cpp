@@ -273,3 +273,63 @@ TEST_F(PanelSetUp, KeepsTheClockWhenAWaveTakesThePlaceOfATest) {
     EXPECT_NEAR(state.PeriodTime, 1.0, 0.02) << "the time in which the wave crosses the grid";
     EXPECT_EQ(state.PlotInterval, state.PeriodTime / state.NPlotsPerPeriod);
 }
+
+// A cell number that was refused on a smaller grid can still stand in the box.
+TEST_F(PanelSetUp, SelectsTheSelectedCellWhateverTheBoxHolds) {
+    const BoxAnswers answers({"0.01"});
+    controls.txtNGridCells->setText("200");
+    panel.Press("cmdSoundWave");
+    controls.txtMSelected->setText("200");
+    controls.txtMSelected->setText("300");
+    controls.txtNGridCells->setText("400");
+    panel.Press("cmdSelect");
+    for (int k = 1; k <= state.NSelected + 1; ++k) {
+        EXPECT_LT(state.MSelList[k - 1], state.MSelList[k]) << k;
+    }
+}
+
+// 10 cells on the way to 1000 are too coarse for it.
+TEST_F(PanelSetUp, BringsALargeWaveBackOnAFinerGrid) {
+    const BoxAnswers answers({"3"});
+    panel.Press("cmdSoundWave");
+    panel.Type("txtNGridCells", "10");
+    EXPECT_EQ(state.Rho[3], 1.0);
+    panel.Type("txtNGridCells", "1000");
+    EXPECT_EQ(state.RPlusAmp, 3.0);
+    EXPECT_GT(state.RhoMax, 1.1);
+}
+
+TEST_F(PanelSetUp, AsksWordForWord) {
+    const QString boundary = " boundary condition type:  4=periodic, 1=reflecting, 2=continuation";
+    const QString scheme =
+        "Type the name of the numerical scheme.  Choose from:  Kestrel (64-bit), Kestrel32, "
+        "Heron32, or Plover (32-bit).";
+    const QString guide =
+        "The documentation for this utility program is contained in the file\n"
+        "Ternlow-Users-Guide-9-1-01.doc\n"
+        "It is also available on the Web at http://ternlow.example/users-guide\nREAD IT!!";
+    // clang-format off
+    const struct { const char* button; std::vector<BoxAnswers::Box> boxes; } rows[] = {
+        {"cmdBoundaryConditionType", {{"Get MnBdry", "Type the value of the left" + boundary, "1"},
+                                      {"Get MxBdry", "Type the value of the right" + boundary, "1"}}},
+        {"cmdNumericalScheme", {{"Specify Scheme", scheme, "Kestrel"},
+                                {"Type 1 for Mflop/s metering,  0 to run without this overhead:",
+                                 "Do you want the meagflop/s meter to be turned on?", "0"}}},
+        {"cmdGetDiffConsts", {{"Get difcon", "Type the value of the PPM shock diffusion constant, difcon", "0.3"},
+                              {"Get shkjmp", "Type the value of the PPM shock detection constant, shkjmp", "0.2"},
+                              {"Get wavhaf", "Type the value of the PPM shock diffusion constant, wavhaf", "1"}}},
+        {"cmdGetTitle", {{"Get ID and Title", "Enter your name, the date, and a title for this experiment:", ""}}},
+        {"cmdDocumentation", {{panel.Form().windowTitle(), guide, ""}}},
+    };
+    // clang-format on
+    for (const auto& row : rows) {
+        const BoxAnswers answers;
+        panel.Press(row.button);
+        ASSERT_EQ(answers.Seen().size(), row.boxes.size()) << row.button;
+        for (std::size_t k = 0; k < row.boxes.size(); ++k) {
+            EXPECT_EQ(answers.Seen()[k].Title, row.boxes[k].Title);
+            EXPECT_EQ(answers.Seen()[k].Message, row.boxes[k].Message);
+            EXPECT_EQ(answers.Seen()[k].Default, row.boxes[k].Default);
+        }
+    }
+}

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "integration/metronome.h"
 #include "integration/state_store.h"
 #include "panel_test.h"
 #include "setup/riemann_problem.h"
@@ -133,7 +134,10 @@ TEST_F(RunControl, LocksEachControlAtItsStages) {
 
 TEST_F(RunControl, RunsAShockTubeToItsStopAndBack) {
     panel.Press("cmdTest1");
-    EXPECT_FALSE(panel.Tick()) << "nothing runs before Begin";
+    state.Ux[7] = 0.123;
+    tmrMetronome_Timer(state, panel.Form().controls);
+    EXPECT_EQ(state.Time, 0.0) << "nothing runs before Begin";
+    state.Ux[7] = 0.75;
     panel.Press("cmdBegin");
     EXPECT_EQ(controls.cmdNumericalScheme->text(), "Kestrel");
     EXPECT_EQ(state.NStored, 1);
@@ -247,4 +251,35 @@ TEST_F(RunControl, RunsEveryTestWithEveryScheme) {
             }
         }
     }
+}
+
+// After Restart the panel stands as it did before the run, whatever was browsed and typed
+// meanwhile.
+TEST_F(RunControl, RestoresThePanel) {
+    panel.Press("cmdTest1");
+    panel.Press("cmdBegin");
+    panel.Tick(4);
+    EXPECT_EQ(state.MultiplePlots, 0);
+    state.MultiplePlots = 1;
+    panel.Tick();
+    EXPECT_EQ(state.MultiplePlots, 0) << "a tick goes back to single plots";
+    panel.Press("cmdPause");
+    const QImage unmarked = controls.pctDensityPlot->Image().copy();
+    controls.vsbStoredStateNumber->setValue(2);
+    controls.txtCourantNumber->setText("0.123456");
+    panel.Press("cmdRestart");
+    EXPECT_EQ(controls.vsbStoredStateNumber->value(), 0);
+    EXPECT_EQ(controls.vsbStoredStateNumber->maximum(), 0);
+    EXPECT_EQ(state.StoredStateNumber, 0);
+    EXPECT_EQ(controls.txtCourantNumber->text(), "0.123");
+    EXPECT_EQ(state.CourantNumber, 0.123) << "as it is shown";
+    EXPECT_EQ(state.TimeToPlot, state.PlotInterval);
+    EXPECT_NE(controls.pctDensityPlot->Image(), unmarked) << "the control points are marked again";
+    const std::vector<double> rho(state.Rho.At(0), state.Rho.At(401));
+    panel.Press("cmdRestart");
+    EXPECT_EQ(std::vector<double>(state.Rho.At(0), state.Rho.At(401)), rho);
+    panel.Press("cmdBegin");
+    panel.Press("cmdPause");
+    panel.Press("cmdBegin");
+    EXPECT_TRUE(panel.Tick()) << "a pause before the first step is a set-up, and Begin begins anew";
 }

@@ -78,7 +78,7 @@ TEST_F(TimeStep, IsRefusedWhenNoAttemptCanPass) {
         for (int i = 1; i <= 20; ++i) EXPECT_EQ(state.Rho[i], before.Rho[i]);
     }
     courantPerTime = 1.0;
-    for (const double result : {slopes[1], slopes[2]}) {
+    for (const double result : {HUGE_VAL, std::nan("")}) {
         shiftedPressure = result;
         TickArrays tick(state, library);
         EXPECT_FALSE(TakeTimeStep(state, tick)) << "a step to a pressure of " << result;
@@ -134,7 +134,7 @@ TEST(StepsOfTick, FollowsTheGridOrTheWeakWave) {
         {29,  0, 1.0,  0.1,   1},  {60,  0, 1.0,  0.1,   2},  {400, 0, 1.0,  0.1,   13},
         {400, 1, 1.05, 0.002, 50}, {6,   1, 1.05, 0.002, 50}, {400, 1, 1.08, 0.002, 13},
         {400, 1, 1.05, 0.5,   1},  {400, 0, 1.05, 0.002, 13},
-        {5001, 1, 1.05, 8e-5, 1250}, {5001, 1, 1.05, 1e-9, 3999}, {6, 1, 1.05, 1e-300, 3333333},
+        {5001, 1, 1.05, 8e-5, 1250}, {5001, 1, 1.05, 1e-9, 1299}, {6, 1, 1.05, 1e-300, 1083333},
     };
     // clang-format on
     for (const auto& row : rows) {
@@ -145,6 +145,6 @@ TEST(StepsOfTick, FollowsTheGridOrTheWeakWave) {
         state.DTime = row.dTime;
         EXPECT_EQ(StepsOfTick(state), row.steps);
         state.MeterOn = 1;  // counts 80000 cells and a little more in each step
-        EXPECT_LE(StepsOfTick(state), std::min(row.steps, 1250));
+        EXPECT_LE(StepsOfTick(state), std::min(row.steps, 312));
     }
 }

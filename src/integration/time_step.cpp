@@ -15,11 +15,11 @@ namespace {
 // 0.9^300 is 2e-14: a scheme that still reports 1 or more then is not going to stop.
 constexpr int MostAttempts = 300;
 
-// Cell updates of a tick that comes back to the user within about a second; who has turned the
-// meter on waits longer. Only a weak sound wave with a step far below what its sound speed allows
-// would take more.
-constexpr int MostCellUpdates = 20'000'000;
-constexpr int MostMeteredUpdates = 100'000'000;
+// Cell updates of a tick that comes back to the user in a fraction of a second; who has turned the
+// meter on waits longer. Only a weak sound wave would take more: without the meter none whose step
+// is near what its sound speed allows.
+constexpr int MostCellUpdates = 6'500'000;
+constexpr int MostMeteredUpdates = 25'000'000;
 
 double SmallToZero(double velocity, double floor) {
     return velocity < floor && velocity > -floor ? 0.0 : velocity;

@@ -12,5 +12,8 @@ constexpr double LargestValue = 1e12;
 // on the proper side of a jump when the grid changes.
 constexpr double PositionSetBack = 1e-07;
 
+// The largest end of an axis: the largest value with its margin, and room to grow.
+constexpr double LargestAxis = 10.0 * LargestValue;
+
 // The smallest Courant target that is taken from the user: a time step stays a number above 0.
 constexpr double SmallestCourantNumber = 1e-12;

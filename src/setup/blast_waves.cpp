@@ -57,14 +57,6 @@ void SetAxes(ExperimentState& state) {
     state.VXMin = std::min(-state.VXMax, 0.0);
 }
 
-void SetClock(ExperimentState& state) {
-    state.PeriodTime = 1.0 / state.C[1];
-    state.TStop = state.PeriodTime * state.Periods;
-    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
-    state.TimeToPlot = state.PlotInterval;
-    state.DTime = std::min(state.DTime, state.PlotInterval);
-}
-
 }  // namespace
 
 void BuildBlastWaves(ExperimentState& state) {
@@ -91,5 +83,5 @@ void BuildBlastWaves(ExperimentState& state) {
     state.DTime = (state.CourantNumber * 0.1) * crossing;
     InitSmokePattern(state);
     TakeSnapshot(state, 0);
-    SetClock(state);
+    SetPeriodClock(state);
 }

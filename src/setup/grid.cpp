@@ -73,6 +73,14 @@ void SetInitialDTime(ExperimentState& state) {
     state.DTime = std::min((state.CourantNumber * 0.1) * shortest, state.PlotInterval);
 }
 
+void SetPeriodClock(ExperimentState& state) {
+    state.PeriodTime = 1.0 / state.C[1];
+    state.TStop = state.PeriodTime * state.Periods;
+    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
+    state.TimeToPlot = state.PlotInterval;
+    state.DTime = std::min(state.DTime, state.PlotInterval);
+}
+
 void ResizeControlPointLists(ExperimentState& state) {
     const int last = state.NGridCells + 2;
     state.MSelList.Resize(last);

@@ -26,5 +26,9 @@ double ShortestCrossingTime(ExperimentState& state, double bound);
 // Sets the outer edges, C2 and C on the way. Needs densities and pressures above 0.
 void SetInitialDTime(ExperimentState& state);
 
+// PeriodTime from the sound speed of cell 1, the plot interval and TStop from it, and DTime held to
+// the plot interval.
+void SetPeriodClock(ExperimentState& state);
+
 // The lists of control points with room for N+2, contents kept as far as they fit.
 void ResizeControlPointLists(ExperimentState& state);

@@ -37,6 +37,17 @@ void ShowPoint(Controls& controls, int cell, const PointValues& values) {
     PutText(controls.txtVelocity, GeneralNumber(values.Vx));
 }
 
+// Takes the selected cell off the list if it is there, and shows what stands then.
+void DeselectCell(ExperimentState& state, Controls& controls) {
+    const int k = FindControlPoint(state, state.MSelected);
+    if (k > 0) RemoveControlPoint(state, k);
+
+    SetInitialDTime(state);
+    InitSmokePattern(state);
+    ComposeExperimentCaption(state, controls);
+    ClearAndPaintPlots(state, controls);
+}
+
 }  // namespace
 
 void cmdSelect_Click(ExperimentState& state, Controls& controls) {
@@ -47,8 +58,9 @@ void cmdSelect_Click(ExperimentState& state, Controls& controls) {
     WidenPlainly(values.P, state.PMin, state.PMax);
     WidenPlainly(values.Vx, state.VXMin, state.VXMax);
 
-    // A point is never edited in place: it is taken off and put on anew.
-    if (FindControlPoint(state, m) > 0) cmdDeselect_Click(state, controls);
+    // A point is never edited in place: it is taken off and put on anew. Which one, the selected
+    // cell tells: the box can still hold a text that was refused on a smaller grid.
+    if (FindControlPoint(state, m) > 0) DeselectCell(state, controls);
     state.RhoSel = values.Rho;
     state.PSel = values.P;
     state.VxSel = values.Vx;
@@ -64,13 +76,7 @@ void cmdSelect_Click(ExperimentState& state, Controls& controls) {
 
 void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
     state.MSelected = CellIn(state, controls.txtMSelected).value_or(state.MSelected);
-    const int k = FindControlPoint(state, state.MSelected);
-    if (k > 0) RemoveControlPoint(state, k);
-
-    SetInitialDTime(state);
-    InitSmokePattern(state);
-    ComposeExperimentCaption(state, controls);
-    ClearAndPaintPlots(state, controls);
+    DeselectCell(state, controls);
 }
 
 void cmdReset_Click(ExperimentState& state, Controls& controls) {

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -44,7 +45,14 @@ std::optional<std::string> ContentOf(const QString& name) {
     return content.toStdString();
 }
 
+// A density or a pressure below its floor counts as the floor, as in the boxes.
+void RaiseTo(double floor, OffsetArray<double>& list, int last) {
+    for (int k = 0; k <= last; ++k) list[k] = std::max(list[k], floor);
+}
+
 void TakeValues(ExperimentState& state, SetUpValues& values) {
+    RaiseTo(state.RhoFloor, values.RhoSelList, values.NSelected + 1);
+    RaiseTo(state.PFloor, values.PSelList, values.NSelected + 1);
     state.MSelList = std::move(values.MSelList);
     state.XSelList = std::move(values.XSelList);
     state.RhoSelList = std::move(values.RhoSelList);

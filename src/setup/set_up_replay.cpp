@@ -115,15 +115,6 @@ void ReplayPoints(ExperimentState& state, Controls& controls) {
               txtNPlotsPerPeriod_Change);
 }
 
-void SetClock(ExperimentState& state) {
-    const double crossing = ShortestCrossingTime(state, state.DX / state.SoundSpeed0);
-    state.PeriodTime = 1.0 / state.C[1];
-    state.TStop = state.PeriodTime * state.Periods;
-    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
-    state.TimeToPlot = state.PlotInterval;
-    state.DTime = std::min((state.CourantNumber * 0.1) * crossing, state.PlotInterval);
-}
-
 }  // namespace
 
 void ApplySetUp(ExperimentState& state, Controls& controls) {
@@ -143,7 +134,11 @@ void ApplySetUp(ExperimentState& state, Controls& controls) {
     state.MultiplePlots = 0;
     ReplayPoints(state, controls);
 
-    SetClock(state);
+    const double crossing = ShortestCrossingTime(state, state.DX / state.SoundSpeed0);
+    state.DTime = (state.CourantNumber * 0.1) * crossing;
+    SetPeriodClock(state);
     TakeSnapshot(state, 0);
     ComposeExperimentCaption(state, controls);
+    // Without points no Select has shown the new grid.
+    if (state.NSelected == 0) ClearAndPaintPlots(state, controls);
 }

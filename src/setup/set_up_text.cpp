@@ -231,7 +231,8 @@ bool GridCanStand(const SetUpValues& read, int maxGridCells) {
 }
 
 bool AxisCanStand(double min, double max, int points) {
-    return std::isfinite(max - min) && (points == 0 ? min < max : min <= max);
+    if (std::abs(min) > LargestAxis || std::abs(max) > LargestAxis) return false;
+    return points == 0 ? min < max : min <= max;
 }
 
 bool ParametersCanStand(const SetUpValues& read) {

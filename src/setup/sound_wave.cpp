@@ -107,8 +107,8 @@ void TakeCell(SoundWaveFields& wave, int i, const Gas& gas, double width) {
     wave.ShortestCrossing = std::min(wave.ShortestCrossing, width / speed);
 }
 
-// The background at rest in the wave's frame, as the extremes start from it.
-SoundWaveFields Background(const ExperimentState& state, double p0) {
+// No cells yet; the extremes start from the background.
+SoundWaveFields EmptyWave(const ExperimentState& state, double p0) {
     constexpr double soundSpeed = 1.0;
     const int n = state.NGridCells;
     SoundWaveFields wave;
@@ -131,7 +131,7 @@ std::optional<SoundWaveFields> IntegrateSoundWave(const ExperimentState& state) 
     Wave plus(state, state.RPlusAmp, state.RPlusFreq);
     Wave minus(state, state.RMinusAmp, state.RMinusFreq);
     const Wave entropy(state, state.R0Amp, state.R0Freq);
-    SoundWaveFields wave = Background(state, p0);
+    SoundWaveFields wave = EmptyWave(state, p0);
 
     double dPlus = plus.FirstChange();
     double dMinus = minus.FirstChange();
@@ -148,6 +148,18 @@ std::optional<SoundWaveFields> IntegrateSoundWave(const ExperimentState& state) 
     for (OffsetArray<double>* field : {&wave.Rho, &wave.P, &wave.Ux}) {
         WrapAround(*field, state.NGridCells);
     }
+    return wave;
+}
+
+SoundWaveFields QuietBackground(const ExperimentState& state) {
+    const int n = state.NGridCells;
+    const Gas gas = GasOf(1.0 / state.Gamma, 1.0 / state.Gamma, state.Gamma);
+    SoundWaveFields wave = EmptyWave(state, gas.P);
+    for (int i = 1; i <= n; ++i) {
+        wave.Ux[i] = state.U0;
+        TakeCell(wave, i, gas, state.X[i + 1] - state.X[i]);
+    }
+    for (OffsetArray<double>* field : {&wave.Rho, &wave.P, &wave.Ux}) WrapAround(*field, n);
     return wave;
 }
 

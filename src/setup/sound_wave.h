@@ -24,6 +24,9 @@ struct SoundWaveFields {
 // 0 or below somewhere.
 std::optional<SoundWaveFields> IntegrateSoundWave(const ExperimentState& state);
 
+// The background without a wave.
+SoundWaveFields QuietBackground(const ExperimentState& state);
+
 // Makes it the present problem: fields, smoke, axes, clock and a first step of the full Courant
 // target. The store is left alone.
 void TakeSoundWave(ExperimentState& state, const SoundWaveFields& wave);

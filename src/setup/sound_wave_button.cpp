@@ -113,11 +113,8 @@ void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
 
 void InitSoundWave(ExperimentState& state, Controls& controls) {
     if (state.SoundWaveMode == 0) return;
-    std::optional<SoundWaveFields> wave = IntegrateSoundWave(state);
-    if (!wave) {
-        state.RPlusAmp = state.RMinusAmp = state.R0Amp = 0.0;
-        wave = IntegrateSoundWave(state);
-    }
-    TakeSoundWave(state, *wave);
+    // A grid that is too coarse for the waves, perhaps on the way to a finer one, shows none.
+    const std::optional<SoundWaveFields> wave = IntegrateSoundWave(state);
+    TakeSoundWave(state, wave ? *wave : QuietBackground(state));
     ClearAndPaintPlots(state, controls);
 }
