@@ -35,7 +35,7 @@ const std::vector<GuideSetUp>& GuideSetUps() {
           {140, "1", "1", "0.5"},
           {400, "1", "1", "0.5"}}},
         {"shock-meets-dense-gas",
-         "3",
+         "2",
          "150",
          "1",
          {{1, "1", "10", "0"},
