@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -57,6 +58,7 @@ frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
 
     ConnectPresses();
     ConnectBoxes();
+    ConnectKeys();
     ConnectTimer();
 }
 
@@ -216,6 +218,15 @@ void frmTernlow::ConnectBoxes() {
     }
     auto* list = static_cast<ChoiceList*>(controls.*GrayVariables.Control);
     if (GrayVariables.Click) list->Chosen = Runs(GrayVariables.Click);
+}
+
+// A held key presses once.
+void frmTernlow::ConnectKeys() {
+    for (const KeyRow& row : Keys) {
+        auto* key = new QShortcut(QKeySequence(row.Keys), this);
+        key->setAutoRepeat(false);
+        connect(key, &QShortcut::activated, controls.*row.Control, &QPushButton::click);
+    }
 }
 
 // Nothing but the tick may ever be connected to the metronome: what holds the tick blocks the

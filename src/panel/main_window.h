@@ -32,6 +32,7 @@ private:
     void StackControls();
     void ConnectBoxes();
     void ConnectPresses();
+    void ConnectKeys();
     void ConnectTimer();
 
     QFont FontOf(const PanelFont& font) const;

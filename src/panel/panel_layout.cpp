@@ -132,6 +132,23 @@ constexpr ListBoxRow GrayVariables =
     {&Controls::lstGrayVariable, "lstGrayVariable", {"Density", "Pressure", "Velocity", "R+", "R-", "R0 (Entropy)", "VY", "FSmoke"},
      {8520, 9360, 2415, 396}, Bold19, 57, lstGrayVariable_Click, "Grayscale variable", "Select the variable to appear in the grayscale space-time display."};
 
+constexpr std::array<KeyRow, 14> Keys = {{
+    {"F5",      &Controls::cmdBegin},
+    {"Ctrl+F5", &Controls::cmdRestart},
+    {"F6",      &Controls::cmdPause},
+    {"F7",      &Controls::cmdContinue},
+    {"Ctrl+O",  &Controls::cmdReadSetUp},
+    {"Ctrl+S",  &Controls::cmdWriteSetUp},
+    {"Ctrl+1",  &Controls::cmdTest1},
+    {"Ctrl+2",  &Controls::cmdTest2},
+    {"Ctrl+3",  &Controls::cmdTest3},
+    {"Ctrl+4",  &Controls::cmdTest4},
+    {"Ctrl+5",  &Controls::cmdTest5},
+    {"Ctrl+6",  &Controls::cmdTest6},
+    {"Ctrl+7",  &Controls::cmdTest7},
+    {"Ctrl+8",  &Controls::cmdTest8},
+}};
+
 constexpr TimerRow Metronome = {&Controls::tmrMetronome, "tmrMetronome", 10, tmrMetronome_Timer};
 
 constexpr DialogRow FileDialog = {&Controls::CommonDialog1, "CommonDialog1"};

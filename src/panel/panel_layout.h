@@ -102,6 +102,12 @@ struct ListBoxRow {
     const char* ToolTip;
 };
 
+// A key that presses a button, so that every lock of the button holds for it.
+struct KeyRow {
+    const char* Keys;
+    QPushButton* Controls::*Control;
+};
+
 struct TimerRow {
     QTimer* Controls::*Control;
     const char* Name;
@@ -127,5 +133,6 @@ extern const std::array<LabelRow, 15> Labels;
 extern const std::array<SurfaceRow, 4> Surfaces;
 extern const std::array<ScrollBarRow, 5> ScrollBars;
 extern const ListBoxRow GrayVariables;
+extern const std::array<KeyRow, 14> Keys;
 extern const TimerRow Metronome;
 extern const DialogRow FileDialog;
