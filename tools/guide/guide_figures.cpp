@@ -119,6 +119,20 @@ void PrintWallHeating() {
     }
 }
 
+void PrintWallHeatingByGrid() {
+    for (const char* cells : {"200", "800"}) {
+        Panel panel;
+        panel.Type("txtNGridCells", cells);
+        PressTest(panel, 4);
+        RunOrExit(panel);
+        const ExperimentState& state = panel.Form().state;
+        int wrong = 0;
+        for (int i = 1; i <= state.NGridCells; ++i) wrong += state.Rho[i] > 6.06;
+        std::printf("    %s cells: rho %.4f, %d cells more than 1 %% too dense\n", cells,
+                    state.Rho[state.NGridCells / 2], wrong);
+    }
+}
+
 void PrintContactWidths() {
     std::printf("\nTest 7: cells with a density between 5 and 95 %% of the jump at the end\n");
     for (const char* scheme : Schemes) {
@@ -266,6 +280,7 @@ int main(int argc, char** argv) {
     PrintWavePatterns();
     PrintSpeedsOfTest1();
     PrintWallHeating();
+    PrintWallHeatingByGrid();
     PrintContactWidths();
     PrintSteepening();
     PrintConvergence();
