@@ -1,17 +1,20 @@
 // The program: one window, no command line.
 #include <QApplication>
+#include <QScreen>
 #include <clocale>
 
 #include "model/start_up.h"
 #include "panel/look.h"
 #include "panel/main_window.h"
+#include "panel/screen_fit.h"
 
 int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName("ternlow");
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");  // the application object has taken the user's
     UseFixedLook();
-    frmTernlow window;
+    const QSize available = QGuiApplication::primaryScreen()->availableSize();
+    frmTernlow window{PanelScale(FittingFactor(available))};
     Form_Initialize(window.state, window.controls);
     window.show();
     return QApplication::exec();
