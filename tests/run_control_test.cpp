@@ -199,6 +199,15 @@ TEST_F(RunControl, StopsARunThatNoSchemeCanAdvance) {
     EXPECT_EQ(state.Time, 0.0);
     EXPECT_EQ(state.Rho[120], 1.0);
     EXPECT_EQ(state.Rho[121], 0.125);
+    const QLabel* said = panel.Form().controls.lblStudentID;
+    EXPECT_TRUE(said->text().contains("no scheme \"Osprey\"")) << qPrintable(said->text());
+
+    state.SchemeName = "Kestrel";
+    panel.Press("cmdBegin");
+    EXPECT_TRUE(said->text().startsWith("RhoL = 1.0,")) << qPrintable(said->text());
+    state.Ux[200] = std::nan("");
+    EXPECT_FALSE(panel.Tick());
+    EXPECT_TRUE(said->text().contains("can take no step")) << qPrintable(said->text());
 }
 
 // A sound wave takes no snapshot, so that after a change of grid the stored state 0 is empty.

@@ -1,6 +1,7 @@
 #include "integration/metronome.h"
 
 #include <algorithm>
+#include <string>
 
 #include "display/control_values.h"
 #include "display/controls.h"
@@ -30,6 +31,20 @@ bool StoreAtPlotTime(ExperimentState& state, Controls& controls) {
     return state.NStored % statesPerPaint == 0;
 }
 
+// In the place of the experiment's caption, as the meter's figures: a box would wait for an answer
+// in the middle of the tick. The next set-up or Begin writes the caption anew, unless the user has
+// given a title.
+void SayWhyNoStep(const ExperimentState& state, Controls& controls, const TickArrays& tick) {
+    const std::string run = "The run has stopped: ";
+    const std::string advice = "Press Restart, then choose a scheme by the red button below.";
+    PutCaption(controls.lblStudentID,
+               tick.Library.IsLoaded()
+                   ? run + "the scheme " + state.SchemeName +
+                         " can take no step from this state, however short.\r\n" + advice
+                   : run + "there is no scheme \"" + state.SchemeName +
+                         "\", or its library is missing.\r\n" + advice);
+}
+
 // Runs the steps of the tick; the end of the run cuts them short. Gives the number of states on the
 // last picture that falls into the tick, 0 if none does.
 int RunSteps(ExperimentState& state, Controls& controls) {
@@ -41,6 +56,7 @@ int RunSteps(ExperimentState& state, Controls& controls) {
         if (state.MeterOn > 0 && tick.Library.IsLoaded()) ShowMeter(state, controls, tick);
         if (!stepTaken) {
             state.Stopped = 1;
+            SayWhyNoStep(state, controls, tick);
             break;
         }
         PutTime(controls.txtTime, state.Time);
