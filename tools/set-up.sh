@@ -16,6 +16,12 @@ packages=(
     clang-format python3                   # the checks of the sources
 )
 
+# What tools/check-package.sh needs besides.
+package_check_packages=(
+    dpkg-dev file binutils                 # to make the package
+    lintian desktop-file-utils appstream   # to check it
+)
+
 say() { echo "ternlow: $*"; }
 
 # step MESSAGE ADVICE COMMAND...: says what is being done, keeps the command's output in a log, and
