@@ -52,18 +52,11 @@ void DrawMarks(const ExperimentState& state, const PlotScale& scale, const Value
     picture.BoxOutline(left(m), top(m), MarkSize, MarkSize);
 }
 
-// The boxes of the selected cell follow the arrays. Every put can run a handler, which may rewrite
-// the value from the text, so each value is taken right before its own put.
 void ShowSelectedCell(ExperimentState& state, Controls& controls) {
     if (BarValue(controls.hsbMSelected) != state.MSelected) {
         PutBarValue(controls.hsbMSelected, state.MSelected);
     }
-    state.PSel = state.P[state.MSelected];
-    PutText(controls.txtPressure, FormatNumber(state.PSel, "0.0000##"));
-    state.RhoSel = state.Rho[state.MSelected];
-    PutText(controls.txtDensity, FormatNumber(state.RhoSel, "#0.00####"));
-    state.VxSel = state.Ux[state.MSelected];
-    PutText(controls.txtVelocity, FormatNumber(state.VxSel, "#0.00####"));
+    ShowSelectedValues(state, controls);
 }
 
 // `lo` and `hi` are read again when the boxes are written: the selected cell's boxes come first,
@@ -95,6 +88,17 @@ void SetUnseen(const Controls& controls, bool isUnseen) {
 }
 
 }  // namespace
+
+// Every put can run a handler, which may rewrite the value from the text, so each value is taken
+// right before its own put.
+void ShowSelectedValues(ExperimentState& state, Controls& controls) {
+    state.PSel = state.P[state.MSelected];
+    PutText(controls.txtPressure, FormatNumber(state.PSel, "0.0000##"));
+    state.RhoSel = state.Rho[state.MSelected];
+    PutText(controls.txtDensity, FormatNumber(state.RhoSel, "#0.00####"));
+    state.VxSel = state.Ux[state.MSelected];
+    PutText(controls.txtVelocity, FormatNumber(state.VxSel, "#0.00####"));
+}
 
 PlotsUnseen::PlotsUnseen(Controls& controls)
     : controls_(controls), wereUnseen_(controls.pctDensityPlot->IsUnseen()) {

@@ -12,6 +12,9 @@ void pctDensityPlot_Paint(ExperimentState& state, Controls& controls);
 void pctPressurePlot_Paint(ExperimentState& state, Controls& controls);
 void pctVelocityPlot_Paint(ExperimentState& state, Controls& controls);
 
+// Takes the selected values from the arrays and shows them in their boxes, pressure first.
+void ShowSelectedValues(ExperimentState& state, Controls& controls);
+
 // Density, pressure, velocity: the paints alone, or each surface cleared right before its paint.
 void PaintPlots(ExperimentState& state, Controls& controls);
 void ClearAndPaintPlots(ExperimentState& state, Controls& controls);

@@ -29,6 +29,11 @@ double VisibleMargin(double margin, double v) {
     return std::max(margin, std::abs(v) * least);
 }
 
+void TakeIntoRange(double v, double& lo, double& hi) {
+    hi = std::max(hi, v);
+    lo = std::min(lo, v);
+}
+
 void GrowAxisRange(double v, double& lo, double& hi, bool clampAtZero) {
     // 1.05*v - 0.05*lo would be the same number on paper, but for a quarter of all v it misses v by
     // a rounding when lo == v.

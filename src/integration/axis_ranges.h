@@ -10,6 +10,9 @@ constexpr double AxisMargin = 0.05;
 // sound speed would be lost in the rounding of the velocity, and the axis would have no length.
 double VisibleMargin(double margin, double v);
 
+// Moves a bound of lo..hi to v if v lies past it, without a margin.
+void TakeIntoRange(double v, double& lo, double& hi);
+
 // Widens one variable's axis to take in the value v.
 //   v            the value, in the units of the axis
 //   lo, hi       the axis, lo <= hi; may come back equal only if v equals both

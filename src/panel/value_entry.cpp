@@ -161,12 +161,7 @@ void txtMSelected_Change(ExperimentState& state, Controls& controls) {
     if (state.hsbMSelectedBusy == 0 && BarValue(controls.hsbMSelected) != state.MSelected) {
         PutBarValue(controls.hsbMSelected, state.MSelected);
     }
-    state.PSel = state.P[state.MSelected];
-    PutText(controls.txtPressure, FormatNumber(state.PSel, "0.0000##"));
-    state.RhoSel = state.Rho[state.MSelected];
-    PutText(controls.txtDensity, FormatNumber(state.RhoSel, "#0.00####"));
-    state.VxSel = state.Ux[state.MSelected];
-    PutText(controls.txtVelocity, FormatNumber(state.VxSel, "#0.00####"));
+    ShowSelectedValues(state, controls);
     RepaintPlots(state, controls);
     state.txtMSelectedBusy = 0;
 }

@@ -7,6 +7,7 @@
 #include "display/controls.h"
 #include "display/experiment_caption.h"
 #include "display/line_plots.h"
+#include "integration/axis_ranges.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
 #include "model/run_stage.h"
@@ -23,11 +24,6 @@ PointValues ValuesOfBoxes(const ExperimentState& state, const Controls& controls
     const double vx = ValueIn(controls.txtVelocity).value_or(state.VxSel);
     return {std::max(rho > 0.0 ? rho : state.RhoSel, state.RhoFloor), std::max(p, state.PFloor),
             vx};
-}
-
-void WidenPlainly(double v, double& lo, double& hi) {
-    hi = std::max(hi, v);
-    lo = std::min(lo, v);
 }
 
 void ShowPoint(Controls& controls, int cell, const PointValues& values) {
@@ -54,9 +50,9 @@ void cmdSelect_Click(ExperimentState& state, Controls& controls) {
     if (!IsBeforeRun(state)) return;
     const int m = state.MSelected;
     const PointValues values = ValuesOfBoxes(state, controls);
-    WidenPlainly(values.Rho, state.RhoMin, state.RhoMax);
-    WidenPlainly(values.P, state.PMin, state.PMax);
-    WidenPlainly(values.Vx, state.VXMin, state.VXMax);
+    TakeIntoRange(values.Rho, state.RhoMin, state.RhoMax);
+    TakeIntoRange(values.P, state.PMin, state.PMax);
+    TakeIntoRange(values.Vx, state.VXMin, state.VXMax);
 
     // A point is never edited in place: it is taken off and put on anew. Which one, the selected
     // cell tells: the box can still hold a text that was refused on a smaller grid.

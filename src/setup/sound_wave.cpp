@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "integration/axis_ranges.h"
 #include "model/experiment_state.h"
 #include "setup/smoke.h"
 
@@ -79,11 +80,6 @@ std::optional<Gas> NextGas(const Gas& before, double dp, double e, double gamma)
     return IsPossible(corrected, e) ? std::optional(corrected) : std::nullopt;
 }
 
-void Widen(double v, double& lo, double& hi) {
-    hi = std::max(hi, v);
-    lo = std::min(lo, v);
-}
-
 void WrapAround(OffsetArray<double>& field, int n) {
     field[0] = field[n];
     field[n + 1] = field[1];
@@ -99,9 +95,9 @@ void OpenZeroSpan(double& lo, double& hi) {
 void TakeCell(SoundWaveFields& wave, int i, const Gas& gas, double width) {
     wave.Rho[i] = gas.Rho;
     wave.P[i] = gas.P;
-    Widen(gas.Rho, wave.RhoMin, wave.RhoMax);
-    Widen(gas.P, wave.PMin, wave.PMax);
-    Widen(wave.Ux[i], wave.VXMin, wave.VXMax);
+    TakeIntoRange(gas.Rho, wave.RhoMin, wave.RhoMax);
+    TakeIntoRange(gas.P, wave.PMin, wave.PMax);
+    TakeIntoRange(wave.Ux[i], wave.VXMin, wave.VXMax);
     const double c = gas.Z / gas.Rho;
     const double speed = std::max(std::abs(c + wave.Ux[i]), std::abs(wave.Ux[i] - c));
     wave.ShortestCrossing = std::min(wave.ShortestCrossing, width / speed);
