@@ -7,7 +7,7 @@
 #include "schemes/operation_counts.h"
 
 struct CountingFloat {
-    double Value = 0.0;
+    double Value;
 
     CountingFloat() = default;
     CountingFloat(double value) : Value(value) {}  // as plain floats convert

@@ -19,15 +19,24 @@ struct Cost {
 
 struct Sample {
     const char* Name;
-    bool Contact;
-    bool Transverse;
-    bool Smoke;
-    bool Failure;
+    bool Contacts = false;
+    bool Transverse = false;
+    bool Smoke = false;
+    bool Supersonic = false;
+    bool Strong = false;
+    bool Shock = false;
+    bool Failure = false;
 };
 
 // A step with one cell between its two values.
-double Bump(int cell, int length) {
+double Step(int cell, int length) {
     return cell > length ? 1.0 : cell == length ? 0.5 : 0.0;
+}
+
+// Three cells of 0, three of 1, and one between them, over and over: every chunk holds a jump.
+double Stairs(int cell) {
+    const int place = (cell + 800) % 8;
+    return place < 3 ? 0.0 : place == 3 || place == 7 ? 0.5 : 1.0;
 }
 
 template <StepParts Parts>
@@ -38,11 +47,12 @@ Cost CostOf(const Sample& sample, int cells) {
     for (std::size_t i = 0; i < length; ++i) {
         const int cell = static_cast<int>(i) - B + 1;
         edges[i] = 0.01 * static_cast<double>(i);
-        rho[i] = 1.0 + (sample.Contact ? 0.5 * Bump(cell, 20) : 0.0);
-        p[i] = 1.0;
-        ux[i] = sample.Failure ? 100.0 * Bump(cell, 20) : 0.1;
+        rho[i] = 1.0 + (sample.Contacts ? 0.5 * Stairs(cell) : 0.0);
+        p[i] = 1.0 + (sample.Strong ? 0.1 * (cell & 1) : sample.Shock ? 9.0 * Stairs(cell) : 0.0);
+        ux[i] = sample.Failure ? 100.0 * Step(cell, 20) : sample.Supersonic ? 3.0 : 0.1;
+        if (sample.Shock) ux[i] = 0.005 * (100 - cell);
         uy[i] = sample.Transverse ? 0.001 * cell : 0.0;
-        smoke[i] = sample.Smoke ? Bump(cell, 30) : 0.0;
+        smoke[i] = sample.Smoke ? Stairs(cell) : 0.0;
     }
     std::vector<CountingFloat> results(5 * length);
     const std::size_t o = B - 1;
@@ -84,9 +94,14 @@ void ExpectTruth(const Sample& sample) {
 
 TEST(SchemeCost, IsWhatTheCountersSay) {
     const Sample samples[] = {
-        {"plain", false, false, false, false},     {"contact", true, false, false, false},
-        {"transverse", false, true, false, false}, {"smoke", false, false, true, false},
-        {"failure", false, false, false, true},
+        {.Name = "plain"},
+        {.Name = "contacts", .Contacts = true},
+        {.Name = "transverse", .Transverse = true},
+        {.Name = "smoke", .Smoke = true},
+        {.Name = "supersonic", .Supersonic = true},
+        {.Name = "strong", .Strong = true},
+        {.Name = "shock", .Shock = true},
+        {.Name = "failure", .Failure = true},
     };
     for (const Sample& sample : samples) {
         ExpectTruth<StepParts{true, true}>(sample);

@@ -1,6 +1,8 @@
 // Quantities that the gas carries: its velocity across the grid, and the smoke.
 #pragma once
 
+#include <algorithm>
+
 #include "schemes/conservative_update.h"
 #include "schemes/jump_steepening.h"
 
@@ -11,10 +13,22 @@ struct CarriedRows {
     Row<Float> Jump, EdgeValue;
 };
 
-// Whether cells first..last of a hold one value: it then stays, to the bit.
+// The cells that a carried quantity can change in: where it is uniform it stays, to the bit.
+struct VaryingCells {
+    int First;
+    int Last;  // below First if there are none
+};
+
+// Finds them among cells 0..n+1, three cells more on either side than differ.
 template <typename Float>
-bool IsUniform(const Float* a, int first, int last) {
-    return Largest(a, first, last) == Smallest(a, first, last);
+VaryingCells FindVarying(const Float* a, int n) {
+    VaryingCells varying = {n + 2, -1};
+    for (int chunk = -2; chunk <= n + 3; chunk += CellsAtOnce) {
+        if (!AnyInChunk<Float>(chunk, [&](int i) { return !(a[i] == a[i - 1]); })) continue;
+        varying.First = std::min(varying.First, std::max(chunk - 4, 0));
+        varying.Last = std::min(chunk + CellsAtOnce + 2, n + 1);
+    }
+    return varying;
 }
 
 // The value that the mass through edges first..last carries, from the part of the upstream cell's
@@ -63,10 +77,10 @@ void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFlux
     }
 }
 
-// What the update of a carried quantity found to do.
+// How many cells the update of a carried quantity had to work on, and in how many of them on jumps.
 struct CarriedWork {
-    bool Varies;
-    bool Jumps;
+    int Varying;
+    int Jumping;
 };
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
@@ -76,26 +90,28 @@ CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
                           const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
                           const Row<Float>& newRho, CarriedRows<Float>& rows, Float* result) {
     const int n = strip.Cells;
-    if (IsUniform(a, -1, n + 2)) {
-        for (int i = 1; i <= n; ++i) result[i] = a[i];
-        return {false, false};
-    }
-    const int last = PaddedLast(0, n + 1);
+    std::copy_n(a + 1, n, result + 1);
+    const VaryingCells varying = FindVarying(a, n);
+    if (varying.Last < varying.First) return {0, 0};
+    const int first = varying.First;
+    const int last = PaddedLast(first, varying.Last);
 #pragma omp simd
-    for (int i = 0; i <= last; ++i)
-        LimitedParabola(a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i], a[i + 2] - a[i + 1],
+    for (int i = first; i <= last; ++i)
+        LimitedParabola(Differences<Float>{a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i],
+                                           a[i + 2] - a[i + 1]},
                         rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
-    TraceCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
-    bool jumps = false;
+    TraceCarried(a, cells, fluxes, rows, first, last);
+    int jumping = 0;
     if constexpr (SteepensJumps) {
-        jumps = FindJumps(a, rows.Jump, 0, last);
-        if (jumps) SteepenCarried(a, cells, fluxes, rows, 1, PaddedLast(1, n + 1));
+        jumping = FindJumps(a, rows.Jump, first, last);
+        if (jumping > 0) SteepenCarried(a, cells, fluxes, rows, first, last);
     }
+    const int lastCell = std::min(varying.Last - 1, n);
 #pragma omp simd
-    for (int i = 1; i <= n; ++i) {
+    for (int i = first + 1; i <= lastCell; ++i) {
         const Float in = fluxes.Mass[i] * (rows.EdgeValue[i] - a[i]);
         const Float out = fluxes.Mass[i + 1] * (rows.EdgeValue[i + 1] - a[i]);
         result[i] = a[i] + cells.StepPerWidth[i] * (in - out) / newRho[i];
     }
-    return {true, jumps};
+    return {last + 1 - first, jumping};
 }

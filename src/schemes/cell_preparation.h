@@ -14,18 +14,20 @@ struct CellRows {
     Row<Float> PerImpedance;
 };
 
-// Fills the rows for cells -3..n+4 and returns the Courant number of cells 1..n.
+// Fills the rows for cells first..last and returns the Courant number of cells 1..n.
 //   scratch   cells 1..n
 template <typename Float>
-Float PrepareCells(const StripState<Float>& strip, Float timeStep, Float gamma, Row<Float>& scratch,
-                   CellRows<Float>& cells) {
+Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
+                   CellRows<Float>& cells, int first, int last) {
     const int n = strip.Cells;
     const Float perGamma = Float(1) / gamma;
-    const int last = PaddedLast(-3, n + 4);
 #pragma omp simd
-    for (int i = -3; i <= last; ++i) {
-        const Float ratio = timeStep / (strip.Edges[i + 1] - strip.Edges[i]);
-        const Float perBoth = Float(1) / (strip.Rho[i] * strip.P[i]);
+    for (int i = first; i <= last; ++i) {
+        const Float width = strip.Edges[i + 1] - strip.Edges[i];
+        const Float both = strip.Rho[i] * strip.P[i];
+        const Float perAll = Float(1) / (width * both);
+        const Float ratio = timeStep * (perAll * both);
+        const Float perBoth = perAll * width;
         const Float perRho = perBoth * strip.P[i];
         const Float c = Root(gamma * (strip.P[i] * perRho));
         cells.StepPerWidth[i] = ratio;

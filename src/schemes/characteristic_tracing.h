@@ -14,15 +14,22 @@ struct EdgeStates {
     Row<Float> RhoRight, PRight, UxRight;
 };
 
-// The share of a cell, 0 to 1, that a kind of wave with the given outward speed at the cell's
-// centre carries through an edge. `rise` is the change of that speed across the cell toward the
-// edge. Moving the speed from the centre to the edge, and back by three quarters of what the wave
-// sweeps, makes the flux of a simple wave right to third order in the step.
+// The shares of a cell that a kind of wave carries out through its right and its left edge, given
+// the speed of the wave at the cell's centre and the change of that speed across the cell. Below 0
+// where the wave goes the other way. Moving the speed from the centre to the edge, and back by
+// three quarters of what the wave sweeps, makes the flux of a simple wave right to third order in
+// the step.
 template <typename Float>
-[[gnu::always_inline]] inline Float SweptShare(Float speed, Float rise, Float stepPerWidth) {
-    const Float atEdge = speed + rise * (Float(0.5) - Float(0.75) * (speed * stepPerWidth));
-    return Between(Float(0), atEdge * stepPerWidth, Float(1));
-}
+struct SweptShares {
+    Float Right, Left;
+
+    [[gnu::always_inline]] SweptShares(Float speed, Float rise, Float stepPerWidth) {
+        const Float spread = rise * stepPerWidth;
+        const Float centre = (speed * stepPerWidth) * (Float(1) - Float(0.75) * spread);
+        Right = Float(0.5) * spread + centre;
+        Left = Float(0.5) * spread - centre;
+    }
+};
 
 // The parabolas of the three characteristic variables of each cell: p + z u, p - z u and c c rho -
 // p, with z = rho c and c fixed in the cell.
@@ -31,15 +38,16 @@ struct CharacteristicParabolas {
     Parabolas<Float> Plus, Minus, Zero;
 };
 
-// Interpolates and limits cells first..last. Reads cells first-2..last+2 of the strip.
+// Differences of the three around cell i.
 template <typename Float>
-void InterpolateCharacteristics(const StripState<Float>& strip, const CellRows<Float>& cells,
-                                CharacteristicParabolas<Float>& parabolas, int first, int last) {
-    const Float* rho = strip.Rho;
-    const Float* p = strip.P;
-    const Float* u = strip.Ux;
-#pragma omp simd
-    for (int i = first; i <= last; ++i) {
+struct CharacteristicDifferences {
+    Differences<Float> Plus, Minus, Zero;
+
+    [[gnu::always_inline]] CharacteristicDifferences(const StripState<Float>& strip,
+                                                     const CellRows<Float>& cells, int i) {
+        const Float* rho = strip.Rho;
+        const Float* p = strip.P;
+        const Float* u = strip.Ux;
         const Float z = cells.Impedance[i];
         const Float square = cells.SoundSpeed[i] * cells.SoundSpeed[i];
         const Float p1 = p[i - 1] - p[i - 2];
@@ -54,88 +62,139 @@ void InterpolateCharacteristics(const StripState<Float>& strip, const CellRows<F
         const Float r2 = square * (rho[i] - rho[i - 1]);
         const Float r3 = square * (rho[i + 1] - rho[i]);
         const Float r4 = square * (rho[i + 2] - rho[i + 1]);
-        LimitedParabola(p1 + u1, p2 + u2, p3 + u3, p4 + u4, parabolas.Plus.FromLeft[i],
-                        parabolas.Plus.ToRight[i]);
-        LimitedParabola(p1 - u1, p2 - u2, p3 - u3, p4 - u4, parabolas.Minus.FromLeft[i],
-                        parabolas.Minus.ToRight[i]);
-        LimitedParabola(r1 - p1, r2 - p2, r3 - p3, r4 - p4, parabolas.Zero.FromLeft[i],
-                        parabolas.Zero.ToRight[i]);
+        Plus = {p1 + u1, p2 + u2, p3 + u3, p4 + u4};
+        Minus = {p1 - u1, p2 - u2, p3 - u3, p4 - u4};
+        Zero = {r1 - p1, r2 - p2, r3 - p3, r4 - p4};
+    }
+};
+
+// Interpolates and limits cells first..last. Reads cells first-2..last+2 of the strip.
+template <typename Float>
+void InterpolateCharacteristics(StripState<Float> strip, const CellRows<Float>& cells,
+                                CharacteristicParabolas<Float>& parabolas, int first, int last) {
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const CharacteristicDifferences<Float> d(strip, cells, i);
+        LimitedParabola(d.Plus, parabolas.Plus.FromLeft[i], parabolas.Plus.ToRight[i]);
+        LimitedParabola(d.Minus, parabolas.Minus.FromLeft[i], parabolas.Minus.ToRight[i]);
+        LimitedParabola(d.Zero, parabolas.Zero.FromLeft[i], parabolas.Zero.ToRight[i]);
     }
 }
 
-// Traces cells first..last: their right faces give the left states of edges first+1..last+1, their
-// left faces the right states of edges first..last. A wave that does not reach the face is given
-// what the fastest one brings, so that it adds nothing of its own.
-template <typename Float>
-void TraceStates(const StripState<Float>& strip, const CellRows<Float>& cells,
-                 const Row<Float>& steepness, const CharacteristicParabolas<Float>& parabolas,
-                 EdgeStates<Float>& states, int first, int last) {
+// Traces cell i: its right face gives the left state of edge i+1, its left face the right state of
+// edge i. A wave that does not reach the face is given what the fastest one brings, so that it adds
+// nothing of its own; a caller who knows that the gas is slower than sound saves the choice, for
+// the same bits.
+template <bool KnownSubsonic, typename Float>
+[[gnu::always_inline]] inline void TraceCell(const StripState<Float>& strip,
+                                             const CellRows<Float>& cells,
+                                             const CharacteristicParabolas<Float>& parabolas,
+                                             EdgeStates<Float>& states, int i) {
     const Float half = Float(0.5);
-    const Float* rho = strip.Rho;
-    const Float* p = strip.P;
-    const Float* u = strip.Ux;
-#pragma omp simd
-    for (int i = first; i <= last; ++i) {
-        const Float c = cells.SoundSpeed[i];
-        const Float perZ = cells.PerImpedance[i];
-        const Float perSquare = (perZ * rho[i]) * (perZ * rho[i]);
-        const Float plusBelow = parabolas.Plus.FromLeft[i];
-        const Float plusAbove = parabolas.Plus.ToRight[i];
-        const Float minusBelow = parabolas.Minus.FromLeft[i];
-        const Float minusAbove = parabolas.Minus.ToRight[i];
-        const Float zeroBelow = parabolas.Zero.FromLeft[i];
-        const Float zeroAbove = parabolas.Zero.ToRight[i];
-        const Float steep = steepness[i];
-        const Float ratio = cells.StepPerWidth[i];
-        const Float riseU = half * (u[i + 1] - u[i - 1]);
-        const Float riseC = half * (cells.SoundSpeed[i + 1] - cells.SoundSpeed[i - 1]);
-        const Float plusRise = riseU + riseC;
-        const Float minusRise = riseU - riseC;
+    const Float zero = Float(0);
+    const Float rho = strip.Rho[i];
+    const Float p = strip.P[i];
+    const Float u = strip.Ux[i];
+    const Float c = cells.SoundSpeed[i];
+    const Float perZ = cells.PerImpedance[i];
+    const Float perSquare = (perZ * rho) * (perZ * rho);
+    const Float plusBelow = parabolas.Plus.FromLeft[i];
+    const Float plusAbove = parabolas.Plus.ToRight[i];
+    const Float minusBelow = parabolas.Minus.FromLeft[i];
+    const Float minusAbove = parabolas.Minus.ToRight[i];
+    const Float zeroBelow = parabolas.Zero.FromLeft[i];
+    const Float zeroAbove = parabolas.Zero.ToRight[i];
+    const Float ratio = cells.StepPerWidth[i];
+    const Float riseU = half * (strip.Ux[i + 1] - strip.Ux[i - 1]);
+    const Float riseC = half * (cells.SoundSpeed[i + 1] - cells.SoundSpeed[i - 1]);
 
-        const Float plusOut = SweptShare(u[i] + c, plusRise, ratio);
-        const Float minusOut = SweptShare(u[i] - c, minusRise, ratio);
-        const Float zeroOut = SweptShare(u[i], riseU, ratio);
-        const Float rightA = steep * RightPart(plusBelow, plusAbove, plusOut);
-        const Float rightB =
-            steep * RightPart(minusBelow, minusAbove, Choose(u[i] > c, minusOut, plusOut));
-        const Float rightP = half * (rightA + rightB);
-        states.PLeft[i + 1] = p[i] + rightP;
-        states.UxLeft[i + 1] = u[i] + (half * perZ) * (rightA - rightB);
-        states.RhoLeft[i + 1] =
-            rho[i] + perSquare * (steep * RightPart(zeroBelow, zeroAbove, zeroOut) + rightP);
-
-        const Float plusIn = SweptShare(-u[i] - c, plusRise, ratio);
-        const Float minusIn = SweptShare(c - u[i], minusRise, ratio);
-        const Float zeroIn = SweptShare(-u[i], riseU, ratio);
-        const Float leftA =
-            steep * LeftPart(plusBelow, plusAbove, Choose(-u[i] > c, plusIn, minusIn));
-        const Float leftB = steep * LeftPart(minusBelow, minusAbove, minusIn);
-        const Float leftP = half * (leftA + leftB);
-        states.PRight[i] = p[i] + leftP;
-        states.UxRight[i] = u[i] + (half * perZ) * (leftA - leftB);
-        states.RhoRight[i] =
-            rho[i] + perSquare * (steep * LeftPart(zeroBelow, zeroAbove, zeroIn) + leftP);
+    const SweptShares<Float> plus(u + c, riseU + riseC, ratio);
+    const SweptShares<Float> minus(u - c, riseU - riseC, ratio);
+    const SweptShares<Float> still(u, riseU, ratio);
+    const Float plusOut = Most(plus.Right, zero);
+    const Float minusOut = Most(minus.Left, zero);
+    Float plusSecond = plusOut;
+    Float minusSecond = minusOut;
+    if constexpr (!KnownSubsonic) {
+        plusSecond = Choose(u > c, Most(minus.Right, zero), plusOut);
+        minusSecond = Choose(-u > c, Most(plus.Left, zero), minusOut);
     }
+
+    const Float rightA = RightPart(plusBelow, plusAbove, plusOut);
+    const Float rightB = RightPart(minusBelow, minusAbove, plusSecond);
+    const Float rightP = half * (rightA + rightB);
+    const Float rightRho = RightPart(zeroBelow, zeroAbove, Most(still.Right, zero)) + rightP;
+    states.PLeft[i + 1] = p + rightP;
+    states.UxLeft[i + 1] = u + (half * perZ) * (rightA - rightB);
+    states.RhoLeft[i + 1] = rho + perSquare * rightRho;
+
+    const Float leftA = LeftPart(plusBelow, plusAbove, minusSecond);
+    const Float leftB = LeftPart(minusBelow, minusAbove, minusOut);
+    const Float leftP = half * (leftA + leftB);
+    const Float leftRho = LeftPart(zeroBelow, zeroAbove, Most(still.Left, zero)) + leftP;
+    states.PRight[i] = p + leftP;
+    states.UxRight[i] = u + (half * perZ) * (leftA - leftB);
+    states.RhoRight[i] = rho + perSquare * leftRho;
 }
 
-// Gives the traced densities of cells first..last that hold a contact the jump's profile instead of
-// the parabola's, by the share that `jump` says. The pressure is even there, so that the density is
-// all that differs.
+// Traces cells first..last, a whole number of chunks. Returns how many of them lie in chunks that
+// are not subsonic throughout.
 template <typename Float>
-void SteepenContacts(const StripState<Float>& strip, const CellRows<Float>& cells,
-                     const Row<Float>& jump, EdgeStates<Float>& states, int first, int last) {
+int TraceStates(StripState<Float> strip, const CellRows<Float>& cells,
+                const CharacteristicParabolas<Float>& parabolas, EdgeStates<Float>& states,
+                int first, int last) {
+    int supersonic = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const int end = chunk + CellsAtOnce;
+        if (AnyInChunk<Float>(chunk,
+                              [&](int i) { return !(Size(strip.Ux[i]) <= cells.SoundSpeed[i]); })) {
+            supersonic += CellsAtOnce;
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) TraceCell<false>(strip, cells, parabolas, states, i);
+        } else {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) TraceCell<true>(strip, cells, parabolas, states, i);
+        }
+    }
+    return supersonic;
+}
+
+// Gives the traced density of cell i, if it holds a contact, the jump's profile instead of the
+// parabola's. The pressure is even there, so that the density is all that differs.
+template <typename Float>
+[[gnu::always_inline]] inline void SteepenContact(const StripState<Float>& strip,
+                                                  const CellRows<Float>& cells, Float gamma,
+                                                  EdgeStates<Float>& states, int i) {
     const Float* rho = strip.Rho;
     const Float* u = strip.Ux;
+    const Jump<Float> jump(rho, i);
+    const Float share = Choose(IsContact(strip, gamma, i), jump.Share(), Float(0));
+    const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i]);
+    const Float right =
+        rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Most(swept.Right, Float(0)));
+    const Float left =
+        rho[i] + PartOfJump(rho[i + 1], rho[i], rho[i - 1], Most(swept.Left, Float(0)));
+    const Float gainR = right - states.RhoLeft[i + 1];
+    const Float gainL = left - states.RhoRight[i];
+    states.RhoLeft[i + 1] = states.RhoLeft[i + 1] + share * gainR;
+    states.RhoRight[i] = states.RhoRight[i] + share * gainL;
+}
+
+// Does so in cells first..last, a whole number of chunks. Returns how many of them lie in chunks
+// that hold a contact.
+template <typename Float>
+int SteepenContacts(StripState<Float> strip, const CellRows<Float>& cells, Float gamma,
+                    EdgeStates<Float>& states, int first, int last) {
+    int steepened = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const auto holdsContact = [&](int i) {
+            return IsContact(strip, gamma, i) & Jump<Float>(strip.Rho, i).IsOne();
+        };
+        if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
+        steepened += CellsAtOnce;
 #pragma omp simd
-    for (int i = first; i <= last; ++i) {
-        const Float riseU = Float(0.5) * (u[i + 1] - u[i - 1]);
-        const Float shareR = SweptShare(u[i], riseU, cells.StepPerWidth[i]);
-        const Float shareL = SweptShare(-u[i], riseU, cells.StepPerWidth[i]);
-        const Float right = rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], shareR);
-        const Float left = rho[i] + PartOfJump(rho[i + 1], rho[i], rho[i - 1], shareL);
-        const Float gainR = right - states.RhoLeft[i + 1];
-        const Float gainL = left - states.RhoRight[i];
-        states.RhoLeft[i + 1] = states.RhoLeft[i + 1] + jump[i] * gainR;
-        states.RhoRight[i] = states.RhoRight[i] + jump[i] * gainL;
+        for (int i = chunk; i < chunk + CellsAtOnce; ++i)
+            SteepenContact(strip, cells, gamma, states, i);
     }
+    return steepened;
 }

@@ -7,47 +7,63 @@
 #include "schemes/arithmetic.h"
 #include "schemes/strip.h"
 
-// How far cells first..last hold a jump rather than a smooth slope, from 0 to 1, by the size of the
-// third difference against the first. J. Comput. Phys. 54, 174 (1984), eqs. (1.15) and (1.16).
-// Reads cells first-2..last+2. Returns whether there is any.
+// How far cell i of a holds a jump rather than a smooth slope, by the size of the third difference
+// against the first. J. Comput. Phys. 54, 174 (1984), eqs. (1.15) and (1.16). Reads cells i-2..i+2.
 template <typename Float>
-bool FindJumps(const Float* a, Row<Float>& jump, int first, int last) {
-#pragma omp simd
-    for (int i = first; i <= last; ++i) {
+struct Jump {
+    Float Size;    // of the first difference
+    Float Excess;  // Size times the share
+
+    [[gnu::always_inline]] Jump(const Float* a, int i) {
         const Float left = a[i] - a[i - 1];
         const Float right = a[i + 1] - a[i];
         const Float rise = left + right;
         const Float bendLeft = Along(left - (a[i - 1] - a[i - 2]), rise);
         const Float bendRight = Along((a[i + 2] - a[i + 1]) - right, rise);
-        const Float size = Size(rise);
+        Size = ::Size(rise);
         // 20 (third / (6 size) - 0.05), cut to 0..1
         const Float third = bendLeft - bendRight;
-        const Float raw = Between(Float(0), Float(20.0 / 6.0) * third - size, size);
+        const Float raw = Between(Float(0), Float(20.0 / 6.0) * third - Size, Size);
         const bool turning = (bendLeft > Float(0)) & (bendRight < Float(0));
         const bool rising = (Along(left, rise) > Float(0)) & (Along(right, rise) > Float(0));
-        jump[i] = Choose(turning & rising, raw / Most(size, Tiny<Float>()), Float(0));
+        Excess = Choose(turning & rising, raw, Float(0));
     }
-    return Largest(jump.Origin(), first, last) > Float(0);
+    [[gnu::always_inline]] bool IsOne() const { return Excess > Float(0); }
+    // 0 to 1
+    [[gnu::always_inline]] Float Share() const { return Excess / Most(Size, Tiny<Float>()); }
+};
+
+// Fills the shares of cells first..last of a, a whole number of chunks. Returns how many of them
+// lie in chunks that hold a jump.
+template <typename Float>
+int FindJumps(const Float* a, Row<Float>& share, int first, int last) {
+    int jumping = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const int end = chunk + CellsAtOnce;
+        if (AnyInChunk<Float>(chunk, [&](int i) { return Jump<Float>(a, i).IsOne(); })) {
+            jumping += CellsAtOnce;
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) share[i] = Jump<Float>(a, i).Share();
+        } else {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) share[i] = Float(0);
+        }
+    }
+    return jumping;
 }
 
-// Takes away the jumps of density that are no contacts: where the pressure differs by more than
-// 0.01 gamma of the relative difference of density, or the density by less than a tenth.
+// Whether a jump of density in cell i is a contact: the pressure differs by less than 0.01 gamma of
+// the relative difference of density, and the density by more than a tenth.
 template <typename Float>
-void KeepContacts(const StripState<Float>& strip, Float gamma, Row<Float>& jump, int first,
-                  int last) {
+[[gnu::always_inline]] inline bool IsContact(const StripState<Float>& strip, Float gamma, int i) {
     const Float* rho = strip.Rho;
     const Float* p = strip.P;
-#pragma omp simd
-    for (int i = first; i <= last; ++i) {
-        const Float rise = Size(rho[i + 1] - rho[i - 1]);
-        const Float leastRho = Least(rho[i + 1], rho[i - 1]);
-        const Float rush = Size(p[i + 1] - p[i - 1]);
-        const Float leastP = Least(p[i + 1], p[i - 1]);
-        const bool contact = (rush * leastRho < Float(0.01) * gamma * (rise * leastP)) &
-                             (rise > Float(0.1) * leastRho);
-        const Float share = jump[i];
-        jump[i] = Choose(contact, share, Float(0));
-    }
+    const Float rise = Size(rho[i + 1] - rho[i - 1]);
+    const Float leastRho = Least(rho[i + 1], rho[i - 1]);
+    const Float rush = Size(p[i + 1] - p[i - 1]);
+    const Float leastP = Least(p[i + 1], p[i - 1]);
+    return (rush * leastRho < Float(0.01) * gamma * (rise * leastP)) &
+           (rise > Float(0.1) * leastRho);
 }
 
 // The average, less the cell's own, over the share nu of a cell that holds a jump, next to its edge

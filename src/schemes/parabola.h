@@ -12,53 +12,63 @@ struct Parabolas {
     Row<Float> ToRight;
 };
 
-// The slope of a cell between the differences to its two neighbours: their mean, but at most twice
-// the smaller one, and 0 at an extremum.
+// The differences between one cell and the next around a cell on a grid of equal widths: First is
+// from the second cell on the left to the first, Fourth from the first on the right to the second.
 template <typename Float>
-[[gnu::always_inline]] inline Float LimitedSlope(Float left, Float right) {
-    const Float mean = Float(0.5) * (left + right);
-    const Float bound = Float(2) * Least(Along(left, mean), Along(right, mean));
-    return Signed(Most(Least(Size(mean), bound), Float(0)), mean);
-}
+struct Differences {
+    Float First, Second, Third, Fourth;
 
-// The limited parabola of a cell on a grid of equal widths, from the differences between one cell
-// and the next: d1 is from the second cell on the left to the first, d4 from the first on the right
-// to the second.
-//
-// The edge values are of fourth order, with limited slopes, and the parabola is monotone:
-// J. Comput. Phys. 54, 174 (1984), eqs. (1.6) to (1.10). Where the second differences of the cell
-// and both neighbours have one sign and agree within a factor of 1.5, the data are smooth, and
-// neither limit applies, so that crests keep their height; the idea is that of J. Comput. Phys.
-// 227, 7069 (2008).
+    // Whether the second differences of the cell and both neighbours have one sign and agree within
+    // a factor of 1.5. Such data are smooth and need no limits, so that crests keep their height;
+    // the idea is that of J. Comput. Phys. 227, 7069 (2008).
+    [[gnu::always_inline]] bool AreSmooth() const {
+        const Float here = Third - Second;
+        const Float left = Along(Second - First, here);
+        const Float right = Along(Fourth - Third, here);
+        const Float least = Least(Least(left, right), Size(here));
+        const Float most = Most(Most(left, right), Size(here));
+        return most <= Float(1.5) * least;
+    }
+    // The rises of the parabola through the edge values of fourth order.
+    [[gnu::always_inline]] Float SmoothFromLeft() const {
+        return Float(0.5) * Second + Float(1.0 / 12.0) * (Third - First);
+    }
+    [[gnu::always_inline]] Float SmoothToRight() const {
+        return Float(0.5) * Third - Float(1.0 / 12.0) * (Fourth - Second);
+    }
+};
+
+// The parabola of a cell: as above where the data are smooth; elsewhere the edge values are made of
+// limited slopes, and the parabola is monotone: J. Comput. Phys. 54, 174 (1984), eqs. (1.6) to
+// (1.10).
 template <typename Float>
-[[gnu::always_inline]] inline void LimitedParabola(Float d1, Float d2, Float d3, Float d4,
-                                                   Float& fromLeft, Float& toRight) {
+[[gnu::always_inline]] inline void LimitedParabola(const Differences<Float>& d, Float& fromLeft,
+                                                   Float& toRight) {
+    const Float zero = Float(0);
     const Float half = Float(0.5);
+    const Float two = Float(2);
     const Float sixth = Float(1.0 / 6.0);
-    const Float bendHere = d3 - d2;
-    const Float bendLeft = Along(d2 - d1, bendHere);
-    const Float bendRight = Along(d4 - d3, bendHere);
-    const Float size = Size(bendHere);
-    const Float least = Least(Least(bendLeft, bendRight), size);
-    const Float most = Most(Most(bendLeft, bendRight), size);
-    const bool smooth = most <= Float(1.5) * least;
-
-    const Float slopeLeft = Choose(smooth, half * (d1 + d2), LimitedSlope(d1, d2));
-    const Float slopeHere = Choose(smooth, half * (d2 + d3), LimitedSlope(d2, d3));
-    const Float slopeRight = Choose(smooth, half * (d3 + d4), LimitedSlope(d3, d4));
-    const Float below = half * d2 + sixth * (slopeHere - slopeLeft);
-    const Float above = half * d3 - sixth * (slopeRight - slopeHere);
-
-    // Monotone: of one sign, and neither part more than twice the other.
-    const Float belowAlong = Along(below, slopeHere);
-    const Float aboveAlong = Along(above, slopeHere);
-    const Float belowCut = Most(Least(belowAlong, Float(2) * aboveAlong), Float(0));
-    const Float aboveCut = Most(Least(aboveAlong, Float(2) * belowAlong), Float(0));
-    const bool flat = slopeHere == Float(0);
-    const Float belowLimited = Choose(flat, Float(0), Along(belowCut, slopeHere));
-    const Float aboveLimited = Choose(flat, Float(0), Along(aboveCut, slopeHere));
-    fromLeft = Choose(smooth, below, belowLimited);
-    toRight = Choose(smooth, above, aboveLimited);
+    // Differences along the way that the cell rises. Of its own two, one is below 0 at an extremum;
+    // what comes of it is cut to 0 at the end.
+    const Float rise = d.Second + d.Third;
+    const Float along1 = Along(d.First, rise);
+    const Float along2 = Along(d.Second, rise);
+    const Float along3 = Along(d.Third, rise);
+    const Float along4 = Along(d.Fourth, rise);
+    // Slopes: the mean of two differences, but at most twice the smaller, and 0 at an extremum.
+    const Float slopeLeft =
+        Most(Least(half * (along1 + along2), two * Least(along1, along2)), zero);
+    const Float slopeHere = Least(half * Size(rise), two * Least(along2, along3));
+    const Float slopeRight =
+        Most(Least(half * (along3 + along4), two * Least(along3, along4)), zero);
+    const Float below = half * along2 + sixth * (slopeHere - slopeLeft);
+    const Float above = half * along3 - sixth * (slopeRight - slopeHere);
+    // Monotone: neither part more than twice the other.
+    const Float belowCut = Along(Most(Least(below, two * above), zero), rise);
+    const Float aboveCut = Along(Most(Least(above, two * below), zero), rise);
+    const bool smooth = d.AreSmooth();
+    fromLeft = Choose(smooth, d.SmoothFromLeft(), belowCut);
+    toRight = Choose(smooth, d.SmoothToRight(), aboveCut);
 }
 
 // Average, less the cell average, over the share nu (0 to 1) of the cell next to its right edge.

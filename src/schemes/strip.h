@@ -1,9 +1,12 @@
-// One strip of the grid as the kernels see it. Pointers are origins: p[i] is the value of strip
+// One strip of the grid as the kernels see it. Kernels take it by value: pointers that a loop would
+// have to look up anew keep it from using vectors. Pointers are origins: p[i] is the value of strip
 // cell i, real cells being 1 to Cells, and edge i lies between cells i-1 and i.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
+
+#include "schemes/arithmetic.h"
 
 // Width of the neighbour zones on either side that the entry points are given.
 constexpr int NeighbourCells = 6;
@@ -47,14 +50,25 @@ struct StepConstants {
 template <typename Float>
 constexpr int BlockCells = static_cast<int>(1024 / sizeof(Float));
 
-// Kernels run over a multiple of this many cells, so that no vector is left half full; what they do
-// past the last cell is never looked at.
-constexpr int CellsAtOnce = 8;
+// Kernels run over whole chunks of this many cells, so that no vector is left half full; what they
+// do past the last cell is never looked at. Work that only some flows need is left out chunk by
+// chunk.
+constexpr int CellsAtOnce = 16;
 constexpr int PaddedLast(int first, int last) {
     return first - 1 + (last - first + CellsAtOnce) / CellsAtOnce * CellsAtOnce;
 }
 
-// One row of scratch values: cells (or edges) -8 to BlockCells + 23.
+// Whether the test holds for any cell of the chunk that begins at `first`.
+template <typename Float, typename Test>
+[[gnu::always_inline]] inline bool AnyInChunk(int first, Test test) {
+    Float found = Float(0);
+#pragma omp simd reduction(max : found)
+    for (int i = first; i < first + CellsAtOnce; ++i)
+        found = Most(found, test(i) ? Float(1) : Float(0));
+    return found > Float(0);
+}
+
+// One row of scratch values: cells (or edges) -8 to BlockCells + 31.
 template <typename Float>
 class alignas(64) Row {
 public:
@@ -65,7 +79,7 @@ public:
 
 private:
     static constexpr int Before = 8;
-    Float values_[Before + BlockCells<Float> + 3 * CellsAtOnce];
+    Float values_[Before + BlockCells<Float> + 2 * CellsAtOnce];
 };
 
 // The inputs of a block, each row continued past its end.

@@ -16,70 +16,92 @@ struct StepParts {
     bool SteepensJumps;
 };
 
-// Cost of a cell in what every step does, and in what only some do: where there is a contact, where
-// a carried quantity varies, where it has a jump, and where failures have to be mended and looked
-// for once more.
-constexpr CellCost GasCost = {166, 200, 8, 116, 7};
-constexpr CellCost FlatteningCost = {4, 3, 1, 8, 0};
-constexpr CellCost JumpSearchCost = {9, 1, 1, 5, 0};
-constexpr CellCost ContactCost = {23, 18, 4, 13, 0};
-constexpr CellCost CarriedCost = {29, 25, 1, 29, 0};
-constexpr CellCost CarriedJumpCost = {8, 3, 2, 9, 0};
+// Cost of a cell in what every step does, and in what is done only for the chunks or blocks that
+// need it: where there is a shock, where the gas is faster than sound, where an edge is not weak,
+// where there is a contact, where a carried quantity varies, where it has a jump, and where
+// failures have to be mended and looked for once more.
+constexpr CellCost GasCost = {158, 160, 3, 82, 1};
+constexpr CellCost ShockSearchCost = {3, 1, 0, 3, 0};
+constexpr CellCost FlatteningCost = {9, 9, 1, 16, 0};
+constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
+constexpr CellCost ContactSearchCost = {11, 6, 0, 6, 0};
+constexpr CellCost ContactCost = {31, 17, 5, 15, 0};
+constexpr CellCost StrongEdgeCost = {30, 62, 5, 22, 6};
+constexpr CellCost CarriedSearchCost = {0, 0, 0, 1, 0};
+constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
+constexpr CellCost JumpSearchCost = {9, 1, 0, 4, 0};
+constexpr CellCost CarriedJumpCost = {17, 4, 3, 13, 0};
 constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
 constexpr CellCost SecondLookCost = {0, 2, 0, 6, 0};
 
+// What a block is worked on with: some 40 kilobytes, so that it stays in the first-level cache.
 template <typename Float>
 struct StepRows {
     InputRows<Float> Inputs;
     CellRows<Float> Cells;
-    Row<Float> Steepness, Jump, Failed;
-    CharacteristicParabolas<Float> Parabolas;
+    Row<Float> Failed;
     EdgeStates<Float> States;
     EdgeFluxes<Float> Fluxes;
-    NewState<Float> Next;
-    CarriedRows<Float> Carried;
+    union {
+        CharacteristicParabolas<Float> Parabolas;  // until the states are traced
+        struct {
+            NewState<Float> Next;
+            CarriedRows<Float> Carried;
+        } After;
+    };
+
+    StepRows() {}
 };
 
-// States beside the edges -1..n+3 from the cells around them.
+// The first cell whose states at the edges are needed: what becomes of the neighbours of cell 1
+// decides whether its fluxes have to be mended.
+constexpr int FirstTraced = -2;
+
+// States beside the edges -1..last+1 from the cells around them.
 template <StepParts Parts, typename Float>
 void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& constants,
-                 StepRows<Float>& rows, int* counters) {
-    const int first = -2;
-    const int last = PaddedLast(first, strip.Cells + 3);
-    if constexpr (Parts.FlattensShocks) {
-        const Float strength = Least(Float(0.1) * constants.Difcon, Float(1));
-        FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed, rows.Steepness, first, last);
-        CountOperations(FlatteningCost, strip.Cells, counters);
-    } else {
-        for (int i = first; i <= last; ++i) rows.Steepness[i] = Float(1);
-    }
+                 StepRows<Float>& rows, int last, int* counters) {
+    const int first = FirstTraced;
     InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
-    TraceStates(strip, rows.Cells, rows.Steepness, rows.Parabolas, rows.States, first, last);
-    if constexpr (Parts.SteepensJumps) {
-        CountOperations(JumpSearchCost, strip.Cells, counters);
-        if (!FindJumps(strip.Rho, rows.Jump, first, last)) return;
-        CountOperations(ContactCost, strip.Cells, counters);
-        KeepContacts(strip, constants.Gamma, rows.Jump, first, last);
-        SteepenContacts(strip, rows.Cells, rows.Jump, rows.States, first, last);
+    if constexpr (Parts.FlattensShocks) {
+        const Float strength = Least(Float(1.0 / 6.0) * constants.Difcon, Float(1));
+        CountOperations(ShockSearchCost, strip.Cells, counters);
+        const int flattened = FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed,
+                                            rows.Parabolas, first, last);
+        CountOperations(FlatteningCost, std::min(flattened, strip.Cells), counters);
     }
+    const int supersonic = TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last);
+    CountOperations(SupersonicCost, std::min(supersonic, strip.Cells), counters);
+    if constexpr (Parts.SteepensJumps) {
+        const int steepened =
+            SteepenContacts(strip, rows.Cells, constants.Gamma, rows.States, first, last);
+        CountOperations(ContactSearchCost, strip.Cells, counters);
+        CountOperations(ContactCost, std::min(steepened, strip.Cells), counters);
+    }
+    // The last edge has no cell on its right here; no real cell asks for it.
+    rows.States.RhoRight[last + 1] = rows.States.RhoLeft[last + 1];
+    rows.States.PRight[last + 1] = rows.States.PLeft[last + 1];
+    rows.States.UxRight[last + 1] = rows.States.UxLeft[last + 1];
 }
 
-// Brings rows.Next to the new density, pressure and velocity of cells 1..n. Returns whether
+// Brings rows.After.Next to the new density, pressure and velocity of cells 1..n. Returns whether
 // failures had to be mended: twice at most, since a first-order edge can be the ruin of the cell on
 // its other side.
 template <typename Float>
 bool UpdateGas(const StripState<Float>& strip, const StepConstants<Float>& constants,
                StepRows<Float>& rows, int* counters) {
     const int n = strip.Cells;
-    UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.Next, -1,
+    UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.After.Next, -1,
                 PaddedLast(-1, n + 2));
     for (int pass = 0; pass < 2; ++pass) {
         if (pass > 0) CountOperations(SecondLookCost, n, counters);
-        if (!MarkFailures(strip, rows.Next, rows.Failed, pass - 1, n + 2 - pass)) return pass > 0;
+        if (!MarkFailures(strip, rows.After.Next, rows.Failed, pass - 1, n + 2 - pass))
+            return pass > 0;
         CountOperations(MendingCost, n, counters);
         UseFirstOrderFluxes(strip, rows.Cells, rows.Failed, constants.Gamma, rows.Fluxes, pass,
                             n + 2 - pass);
-        UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.Next, pass, n + 1 - pass);
+        UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.After.Next, pass,
+                    n + 1 - pass);
     }
     CountOperations(SecondLookCost, n, counters);
     return true;
@@ -90,25 +112,31 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
                    const StripResult<Float>& result, StepRows<Float>& rows, int* counters) {
     const StripState<Float> strip = CopyStrip(input, rows.Inputs);
     const int n = strip.Cells;
-    const int lastEdge = PaddedLast(-1, n + 3);
-    const Float courant =
-        PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Failed, rows.Cells);
-    Reconstruct<Parts>(strip, constants, rows, counters);
-    SolveRiemannProblems(rows.States, constants.Gamma, rows.Fluxes, -1, lastEdge);
+    const int lastCell = PaddedLast(FirstTraced, n + 3);
+    const int lastEdge = lastCell + 1;
+    const Float courant = PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Failed,
+                                       rows.Cells, FirstTraced - 1, lastCell + 1);
+    Reconstruct<Parts>(strip, constants, rows, lastCell, counters);
+    const int strong = SolveRiemannProblems(strip, rows.Cells, rows.States, constants.Gamma,
+                                            rows.Fluxes, -1, lastEdge);
+    CountOperations(StrongEdgeCost, std::min(strong, n), counters);
     const Float damping = Float(0.3) * constants.Wavhaf / (constants.Wavhaf + Float(0.2));
     DampRipples(strip, rows.Cells, damping, rows.Fluxes, -1, lastEdge);
     const bool mended = UpdateGas(strip, constants, rows, counters);
     CountOperations(GasCost, n, counters);
     const auto updateCarried = [&](const Float* carried, Float* newCarried) {
-        const CarriedWork work = UpdateCarried<Parts.SteepensJumps>(
-            strip, carried, rows.Cells, rows.Fluxes, rows.Next.Rho, rows.Carried, newCarried);
-        if (work.Varies) CountOperations(CarriedCost, n, counters);
-        if (work.Varies && Parts.SteepensJumps) CountOperations(JumpSearchCost, n, counters);
-        if (work.Jumps) CountOperations(CarriedJumpCost, n, counters);
+        const CarriedWork work =
+            UpdateCarried<Parts.SteepensJumps>(strip, carried, rows.Cells, rows.Fluxes,
+                                               rows.After.Next.Rho, rows.After.Carried, newCarried);
+        const int varying = std::min(work.Varying, n);
+        CountOperations(CarriedSearchCost, n, counters);
+        CountOperations(CarriedCost, varying, counters);
+        if (Parts.SteepensJumps) CountOperations(JumpSearchCost, varying, counters);
+        CountOperations(CarriedJumpCost, std::min(work.Jumping, n), counters);
     };
     updateCarried(strip.Uy, result.Uy);
     if (strip.Smoke) updateCarried(strip.Smoke, result.Smoke);
-    return Most(courant, HandOver(strip, rows.Next, mended, rows.Failed, result));
+    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result));
 }
 
 // Advances the strip by one step and returns its Courant number.
