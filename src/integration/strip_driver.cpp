@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "integration/tick_arrays.h"
 #include "model/experiment_state.h"
@@ -80,6 +81,14 @@ void Narrow(const OffsetArray<double>& wide, int first, int last, OffsetArray<fl
     for (int i = first; i <= last; ++i) narrow[i] = static_cast<float>(wide[i]);
 }
 
+// True while the library is to be called once more for the strip. A Courant number that is no
+// number spoils the attempt: nothing is called after it, so that no later strip covers it with a
+// good one.
+template <typename Float>
+bool MayCall(const TickArrays& tick, Float courant, int calls) {
+    return calls < tick.RepeatCount && !std::isnan(courant);
+}
+
 // Both Kestrel libraries take the same 26 arguments, in their own float type.
 template <typename Float, typename Entry>
 void CallKestrel(Entry* entry, const OffsetArray<Float>& x, const OffsetArray<Float>& smoke,
@@ -87,7 +96,7 @@ void CallKestrel(Entry* entry, const OffsetArray<Float>& x, const OffsetArray<Fl
                  int boundary, const Constants<Float>& constants, Float& courant,
                  TickArrays& tick) {
     const int from = strip.Offset + 1 - boundary;
-    for (int repeat = 0; repeat < tick.RepeatCount; ++repeat) {
+    for (int repeat = 0; MayCall(tick, courant, repeat); ++repeat) {
         entry(x.At(from), arrays.RhoRows.At(0), arrays.PRows.At(0), arrays.UxRows.At(0),
               arrays.UyRows.At(0), arrays.ZeroRows.At(0), smoke.At(from), arrays.RhoStrip.At(0),
               arrays.PStrip.At(0), arrays.UxStrip.At(0), arrays.UyStrip.At(0), uzOut.At(from),
@@ -103,7 +112,7 @@ void CallHeron(const Strip& strip, int boundary, const Constants<float>& constan
     const int from = strip.Offset + 1 - boundary;
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
-    for (int repeat = 0; repeat < tick.RepeatCount; ++repeat) {
+    for (int repeat = 0; MayCall(tick, courant, repeat); ++repeat) {
         tick.Library.Heron32(grid.XS.At(from), grid.RhoS.At(from), grid.PS.At(from),
                              grid.UxS.At(from), grid.UyS.At(from), grid.UyS.At(from),
                              grid.SmokeS.At(from), arrays.RhoStrip.At(0), arrays.PStrip.At(0),
@@ -126,7 +135,7 @@ void CallPlover(const Strip& strip, int boundary, const Constants<float>& consta
     const float* uy = grid.UyS.At(from);
     const int middleRow = StripArrays<float>::Rows / 2 * (strip.Width + 2 * boundary);
     const float* zero = arrays.ZeroRows.At(middleRow);
-    for (int repeat = 0; repeat < tick.RepeatCount; ++repeat) {
+    for (int repeat = 0; MayCall(tick, courant, repeat); ++repeat) {
         tick.Library.Plover(
             x, rho, rho, rho, rho, rho, p, p, p, p, p, ux, ux, ux, ux, ux, uy, uy, uy, uy, uy, uy,
             uy, zero, zero, zero, zero, zero, zero, zero, arrays.RhoStrip.At(0),
@@ -142,15 +151,12 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
     const StripPlan plan = PlanStrips(n, WidestStrip64);
     const Constants<double> constants(state, tick.StepDT);
     StripArrays<double>& arrays = tick.Strip64;
-    arrays.ClearResults(plan.StripWidth, b);
 
     const StripClock clock(state, tick);
     for (int s = 0; s < plan.StripCount; ++s) {
         Strip strip{s * plan.StripWidth, plan.StripWidth};
-        if (strip.Offset + strip.Width > n) {
-            strip.Width = n - strip.Offset;
-            arrays.ClearResults(strip.Width, b);
-        }
+        strip.Width = std::min(strip.Width, n - strip.Offset);
+        arrays.ClearResults(strip.Width, b, true);
         FillRows(state.Rho, strip, b, arrays.RhoRows);
         FillRows(state.P, strip, b, arrays.PRows);
         FillRows(state.Ux, strip, b, arrays.UxRows);
@@ -203,17 +209,16 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
     NarrowGrid(state, grid);
-    arrays.ClearResults(plan.StripWidth, b);
 
     {
         const StripClock clock(state, tick);
         for (int s = 0; s < plan.StripCount; ++s) {
             Strip strip{s * plan.StripWidth, plan.StripWidth};
             // Heron32's last strip keeps its width and may reach past cell N, even past the ghosts.
-            if (tick.Library.Heron32 == nullptr && strip.Offset + strip.Width > n) {
-                strip.Width = n - strip.Offset;
-                arrays.ClearResults(strip.Width, b);
+            if (tick.Library.Heron32 == nullptr) {
+                strip.Width = std::min(strip.Width, n - strip.Offset);
             }
+            arrays.ClearResults(strip.Width, b, tick.Library.Plover == nullptr);
             CallLibrary32(strip, b, constants, courant, tick);
             Gather(arrays.RhoStrip, strip, b, grid.RhoOutS);
             Gather(arrays.PStrip, strip, b, grid.POutS);

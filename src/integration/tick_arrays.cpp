@@ -1,6 +1,7 @@
 #include "integration/tick_arrays.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "model/experiment_state.h"
 #include "model/limits.h"
@@ -22,10 +23,13 @@ StripArrays<Float>::StripArrays(int width, int boundary) {
 }
 
 template <typename Float>
-void StripArrays<Float>::ClearResults(int width, int boundary) {
-    for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip, &SmokeStrip}) {
-        std::fill_n(array->At(0), width + 2 * boundary + 1, Float(0));
+void StripArrays<Float>::ClearResults(int width, int boundary, bool carriesSmoke) {
+    const int length = width + 2 * boundary + 1;
+    const Float notGiven = std::numeric_limits<Float>::quiet_NaN();
+    for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip}) {
+        std::fill_n(array->At(0), length, notGiven);
     }
+    std::fill_n(SmokeStrip.At(0), length, carriesSmoke ? notGiven : Float(0));
 }
 
 template struct StripArrays<double>;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "integration/scheme_library.h"
 #include "model/offset_array.h"
@@ -29,7 +30,10 @@ struct StripArrays {
 
     StripArrays() = default;
     StripArrays(int width, int boundary);
-    void ClearResults(int width, int boundary);
+
+    // Marks every cell of the results as not given: one that the library leaves out is no number,
+    // and not what another strip has left there. Smoke is zero where the library carries none.
+    void ClearResults(int width, int boundary, bool carriesSmoke);
 
     // The rows and results are addressed from 0, as they go to the library.
     OffsetArray<Float> RhoRows, PRows, UxRows, UyRows, ZeroRows;
@@ -56,6 +60,7 @@ struct TickArrays {
     SchemeLibrary Library;
     double StepDT = 0.0;       // DTime, as handed to the library
     double StepCourant = 0.0;  // Courant number of the step under way
+    std::string Refusal;       // why the last step could not be taken, as part of a sentence
 
     OffsetArray<double> RhoOut, POut, UxOut;  // new state of cells 1..N
     OffsetArray<double> UzOut;                // the library's third velocity, read by nobody

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 #include "integration/boundary_zones.h"
 #include "integration/operation_meter.h"
@@ -21,11 +22,16 @@ constexpr int MostAttempts = 300;
 constexpr int MostCellUpdates = 6'500'000;
 constexpr int MostMeteredUpdates = 25'000'000;
 
+std::string NoStep(const ExperimentState& state) {
+    return "the scheme " + state.SchemeName + " can take no step from this state: ";
+}
+
 double SmallToZero(double velocity, double floor) {
     return velocity < floor && velocity > -floor ? 0.0 : velocity;
 }
 
-// True once an attempt has come in under the Courant gate. Every failed one shortens the step.
+// True once an attempt has come in under the Courant gate. Every failed one shortens the step; if
+// all fail, tick.Refusal says how.
 bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
     for (int attempt = 0; attempt < MostAttempts; ++attempt) {
         tick.StepDT = state.DTime;
@@ -33,10 +39,14 @@ bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
         FillBoundaryZones(state);
         AdvanceAllStrips(state, tick);
         if (state.MeterOn > 0) CountOperations(state, tick);
-        if (std::isnan(tick.StepCourant)) return false;
+        if (std::isnan(tick.StepCourant)) {
+            tick.Refusal = NoStep(state) + "its Courant number is not a number";
+            return false;
+        }
         if (tick.StepCourant < 1.0) return true;
         state.DTime *= 0.9;
     }
+    tick.Refusal = NoStep(state) + "its Courant number stays at 1 or more, however short the step";
     return false;
 }
 
@@ -44,10 +54,14 @@ bool AreFinite(const OffsetArray<double>& results, int n) {
     return std::all_of(results.At(1), results.At(n) + 1, [](double v) { return std::isfinite(v); });
 }
 
-bool ResultsAreFinite(const ExperimentState& state, const TickArrays& tick) {
+bool ResultsAreFinite(const ExperimentState& state, TickArrays& tick) {
     const int n = state.NGridCells;
-    return AreFinite(tick.RhoOut, n) && AreFinite(tick.POut, n) && AreFinite(tick.UxOut, n) &&
-           AreFinite(state.UyNew, n) && AreFinite(state.FSmokeNew, n);
+    if (AreFinite(tick.RhoOut, n) && AreFinite(tick.POut, n) && AreFinite(tick.UxOut, n) &&
+        AreFinite(state.UyNew, n) && AreFinite(state.FSmokeNew, n)) {
+        return true;
+    }
+    tick.Refusal = NoStep(state) + "it left a cell without a finite result";
+    return false;
 }
 
 }  // namespace
@@ -81,7 +95,10 @@ void ControlTimeStep(ExperimentState& state, double stepCourant) {
 }
 
 bool TakeTimeStep(ExperimentState& state, TickArrays& tick) {
-    if (!tick.Library.IsLoaded()) return false;
+    if (!tick.Library.IsLoaded()) {
+        tick.Refusal = tick.Library.Trouble;
+        return false;
+    }
     const double stepBefore = state.DTime;
     if (!PassCourantGate(state, tick) || !ResultsAreFinite(state, tick)) {
         state.DTime = stepBefore;
