@@ -210,6 +210,31 @@ TEST_F(RunControl, StopsARunThatNoSchemeCanAdvance) {
     EXPECT_TRUE(said->text().contains("can take no step")) << qPrintable(said->text());
 }
 
+// Whatever a user does after a run has come to a halt, a title is not lost to the message.
+TEST_F(RunControl, PutsTheTitleBackAfterAHalt) {
+    for (const char* next :
+         {"cmdRestart", "cmdBegin", "cmdContinue", "cmdTest2", "cmdSoundWave", "cmdGetTitle"}) {
+        Panel own;
+        const QLabel* caption = own.Form().controls.lblStudentID;
+        {
+            const BoxAnswers answers({"Waves"});
+            own.Press("cmdGetTitle");
+        }
+        own.Press("cmdTest1");
+        own.Press("cmdBegin");
+        own.Form().state.Ux[200] = std::nan("");
+        ASSERT_FALSE(own.Tick());
+        ASSERT_TRUE(caption->text().startsWith("The run has stopped"))
+            << qPrintable(caption->text());
+        const BoxAnswers more({"A title of 1"});
+        own.Press(next);
+        const bool isNewTitle = std::string(next) == "cmdGetTitle";
+        EXPECT_EQ(caption->text(), isNewTitle ? "A title of 1" : "Waves") << next;
+        own.Press("cmdRestart");
+        EXPECT_EQ(caption->text(), isNewTitle ? "A title of 1" : "Waves") << next;
+    }
+}
+
 // A sound wave takes no snapshot, so that after a change of grid the stored state 0 is empty.
 TEST_F(RunControl, RestartsFromTheFieldsWhereNothingIsStored) {
     const BoxAnswers answers({"0.01"});

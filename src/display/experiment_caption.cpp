@@ -29,6 +29,7 @@ bool IsFree(const ExperimentState& state, const Controls& controls) {
 }  // namespace
 
 void ComposeExperimentCaption(const ExperimentState& state, Controls& controls) {
+    TakeStopMessageAway(state, controls);
     if (!IsFree(state, controls)) return;
     if (state.SoundWaveMode == 1) {
         PutCaption(controls.lblStudentID, SoundWaveCaption(state, Now()));
@@ -40,12 +41,26 @@ void ComposeExperimentCaption(const ExperimentState& state, Controls& controls) 
 }
 
 void ComposeSoundWaveCaption(const ExperimentState& state, Controls& controls) {
+    TakeStopMessageAway(state, controls);
     if (!IsAsTheWindowCameUp(state, controls)) return;
     PutCaption(controls.lblStudentID, SoundWaveCaption(state, Now()));
 }
 
 void ComposeRiemannCaption(const ExperimentState& state, Controls& controls,
                            const RiemannProblem& problem) {
+    TakeStopMessageAway(state, controls);
     if (!IsFree(state, controls)) return;
     PutCaption(controls.lblStudentID, RiemannCaption(state, problem, Now()));
+}
+
+void ShowStopMessage(ExperimentState& state, Controls& controls, const std::string& message) {
+    TakeStopMessageAway(state, controls);
+    state.CaptionBeforeStop = CaptionOf(controls.lblStudentID);
+    state.StopMessage = message;
+    PutCaption(controls.lblStudentID, message);
+}
+
+void TakeStopMessageAway(const ExperimentState& state, Controls& controls) {
+    if (CaptionOf(controls.lblStudentID) != state.StopMessage) return;
+    PutCaption(controls.lblStudentID, state.CaptionBeforeStop);
 }

@@ -1,5 +1,7 @@
-// The label that keeps the record of the experiment.
+// The label that keeps the record of the experiment, and for a while says why a run has stopped.
 #pragma once
+
+#include <string>
 
 struct Controls;
 struct ExperimentState;
@@ -16,3 +18,10 @@ void ComposeSoundWaveCaption(const ExperimentState& state, Controls& controls);
 // The same at the set-up of a test, from the numbers of the problem.
 void ComposeRiemannCaption(const ExperimentState& state, Controls& controls,
                            const RiemannProblem& problem);
+
+// Lays a message over the caption, the user's title included.
+void ShowStopMessage(ExperimentState& state, Controls& controls, const std::string& message);
+
+// Takes it away again, so that the label is as if it had never been there. Each of the above begins
+// with this; without a message, or once another caption has taken its place, nothing happens.
+void TakeStopMessageAway(const ExperimentState& state, Controls& controls);

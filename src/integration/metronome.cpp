@@ -5,6 +5,7 @@
 
 #include "display/control_values.h"
 #include "display/controls.h"
+#include "display/experiment_caption.h"
 #include "display/line_plots.h"
 #include "display/space_time_view.h"
 #include "integration/axis_ranges.h"
@@ -32,17 +33,11 @@ bool StoreAtPlotTime(ExperimentState& state, Controls& controls) {
 }
 
 // In the place of the experiment's caption, as the meter's figures: a box would wait for an answer
-// in the middle of the tick. The next set-up or Begin writes the caption anew, unless the user has
-// given a title.
-void SayWhyNoStep(const ExperimentState& state, Controls& controls, const TickArrays& tick) {
-    const std::string run = "The run has stopped: ";
-    const std::string advice = "Press Restart, then choose a scheme by the red button below.";
-    PutCaption(controls.lblStudentID,
-               tick.Library.IsLoaded()
-                   ? run + "the scheme " + state.SchemeName +
-                         " can take no step from this state, however short.\r\n" + advice
-                   : run + "there is no scheme \"" + state.SchemeName +
-                         "\", or its library is missing.\r\n" + advice);
+// in the middle of the tick.
+void SayWhyNoStep(ExperimentState& state, Controls& controls, const TickArrays& tick) {
+    ShowStopMessage(state, controls,
+                    "The run has stopped: " + tick.Refusal +
+                        ".\r\nPress Restart, then choose a scheme by the red button below.");
 }
 
 // Runs the steps of the tick; the end of the run cuts them short. Gives the number of states on the

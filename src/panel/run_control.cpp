@@ -42,6 +42,7 @@ void cmdPause_Click(ExperimentState& state, Controls& /*controls*/) {
 
 void cmdContinue_Click(ExperimentState& state, Controls& controls) {
     if (state.NStored < 1) return;
+    TakeStopMessageAway(state, controls);
     state.StoredStateNumber = state.NStored - 1;
     state.Time = state.StoredT[state.NStored - 1];
     // Still stopped, if it was: the box's handler then brings the last state back after browsing.
@@ -50,6 +51,7 @@ void cmdContinue_Click(ExperimentState& state, Controls& controls) {
 }
 
 void cmdRestart_Click(ExperimentState& state, Controls& controls) {
+    TakeStopMessageAway(state, controls);
     state.TimeToPlot = state.PlotInterval;
     state.Time = 0.0;
     state.TotalMflop = 0.0;
