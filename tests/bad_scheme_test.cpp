@@ -1,0 +1,87 @@
+// What a user sees of a scheme library that does what none should. The real loader finds the
+// libraries by their names on LD_LIBRARY_PATH; each fault is a process of its own, because a
+// library that has been loaded stays. The environment variable FAULT says which one is there.
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "panel_test.h"
+
+namespace {
+
+struct FaultRow {
+    const char* Fault;
+    const char* Said;
+};
+
+// clang-format off
+constexpr FaultRow Faults[] = {
+    {"Missing",                      "cannot be loaded (libKestrel"},
+    {"NotALibrary",                  "cannot be loaded (/"},  // and the file that was found
+    {"OtherEntryPoint",              ": KESTREL"},
+    {"CourantOfTwo",                 "its Courant number stays at 1 or more, however short"},
+    {"CourantIsNoNumber",            "its Courant number is not a number"},
+    {"FirstStripsCourantIsNoNumber", "its Courant number is not a number"},
+    {"ResultsAreNoNumbers",          "it left a cell without a finite result"},
+    {"LeavesOutACell",               "it left a cell without a finite result"},
+    {"LeavesOutTheSmoke",            "it left a cell without a finite result"},
+    {"GivesNothing",                 "it left a cell without a finite result"},
+};
+// clang-format on
+
+class BadScheme : public PanelTest {
+protected:
+    void Choose(const char* scheme) {
+        const BoxAnswers answers({scheme, "0"});
+        panel.Press("cmdNumericalScheme");
+    }
+
+    // Everything that a step would change.
+    std::vector<double> Fields() {
+        std::vector<double> all = {state.Time, state.DTime, state.TimeToPlot};
+        for (const auto* field : {&state.Rho, &state.P, &state.Ux, &state.Uy, &state.FSmoke}) {
+            all.insert(all.end(), field->At(1), field->At(state.NGridCells) + 1);
+        }
+        return all;
+    }
+
+    std::string Caption() { return controls.lblStudentID->text().toStdString(); }
+};
+
+}  // namespace
+
+TEST_F(BadScheme, StopsTheRunAndLeavesThePanelUsable) {
+    const char* given = std::getenv("FAULT");
+    ASSERT_NE(given, nullptr) << "run by ctest";
+    const auto* row = std::find_if(std::begin(Faults), std::end(Faults), [&](const FaultRow& r) {
+        return std::string(r.Fault) == given;
+    });
+    ASSERT_NE(row, std::end(Faults)) << given;
+    {
+        const BoxAnswers title({"My own scheme"});
+        panel.Press("cmdGetTitle");
+    }
+    for (const std::string scheme : {"Kestrel", "Kestrel32"}) {
+        SCOPED_TRACE(scheme);
+        panel.Press("cmdTest1");
+        Choose(scheme.c_str());
+        panel.Press("cmdBegin");
+        const std::vector<double> before = Fields();
+        EXPECT_FALSE(panel.Tick());
+        EXPECT_EQ(Fields(), before);
+        EXPECT_EQ(state.NStored, 1);
+        const std::string said = Caption();
+        EXPECT_EQ(said.rfind("The run has stopped: the scheme " + scheme + " can", 0), 0U) << said;
+        EXPECT_NE(said.find(row->Said), std::string::npos) << said;
+
+        panel.Press("cmdRestart");
+        EXPECT_EQ(Caption(), "My own scheme");
+        Choose("Plover");
+        panel.Press("cmdBegin");
+        ASSERT_TRUE(panel.RunToEnd());
+        EXPECT_GE(state.Time, 0.2);
+        EXPECT_EQ(Caption(), "My own scheme");
+        panel.Press("cmdRestart");
+    }
+}
