@@ -99,7 +99,9 @@ void CountOperations(int cells, int* counters) {
 
 }  // namespace
 
-// In C++, C linkage and the default visibility let the program find the function by its name.
+// Holds what follows to the type that the program calls.
+extern "C" Kestrel64Entry KESTREL64;
+
 extern "C" void KESTREL64(const double* edges, const double* densityRows,
                           const double* pressureRows, const double* velocityRows,
                           const double* transverseRows, const double* /*thirdRows*/,
