@@ -20,6 +20,7 @@ packages=(
 package_check_packages=(
     dpkg-dev file binutils                 # to make the package
     lintian desktop-file-utils appstream   # to check it
+    xdotool xclip                          # to work the installed program
 )
 
 say() { echo "ternlow: $*"; }
