@@ -24,7 +24,7 @@ step "checking the metainfo" "$advice" \
 step "checking the package" "$advice" lintian --fail-on error "$package"
 cat "$logs/checking-the-package.log"
 
-remove_package() { as_root apt-get remove -y ternlow >"$logs/removing.log" 2>&1; }
+remove_package() { as_root apt-get purge -y ternlow >"$logs/removing.log" 2>&1; }
 step "installing the package" "$advice" as_root apt-get install -y "$package"
 trap remove_package EXIT
 
@@ -50,7 +50,7 @@ step "running a scheme of ones own" "$advice" play_own_scheme
 cat "$logs/running-a-scheme-of-ones-own.log"
 
 trap - EXIT
-step "removing the package" "$advice" as_root apt-get remove -y ternlow
+step "removing the package" "$advice" as_root apt-get purge -y ternlow
 if [ -e /usr/bin/ternlow ] || [ -e /usr/share/doc/ternlow ]; then
     say "something of the package was left behind" >&2
     exit 1
