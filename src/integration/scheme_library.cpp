@@ -4,39 +4,40 @@
 
 namespace {
 
-// The entry point, or null and in `trouble` what the loader says: that names the file it has found
-// and what is wrong with it.
+// Sets the entry point, or leaves it null and sets scheme.Trouble to what the loader says: that
+// names the file it has found and what is wrong with it.
 template <typename Entry>
-Entry* FindEntry(const char* file, const char* name, std::string& trouble) {
+void Load(const char* file, const char* name, Entry*& entry, SchemeLibrary& scheme) {
     void* library = dlopen(file, RTLD_NOW | RTLD_LOCAL);
-    void* entry = library != nullptr ? dlsym(library, name) : nullptr;
+    entry = library != nullptr ? reinterpret_cast<Entry*>(dlsym(library, name)) : nullptr;
     if (entry == nullptr) {
         const char* said = dlerror();
-        trouble = said != nullptr ? said : std::string(name) + " is nowhere";
+        scheme.Trouble = said != nullptr ? said : std::string(name) + " is nowhere";
         if (library != nullptr) dlclose(library);
+        return;
     }
-    return reinterpret_cast<Entry*>(entry);
+    const auto* middleRowOnly = static_cast<const int*>(dlsym(library, "READS_MIDDLE_ROW_ONLY"));
+    scheme.ReadsMiddleRowOnly = middleRowOnly != nullptr && *middleRowOnly != 0;
 }
 
 }  // namespace
 
 SchemeLibrary LoadSchemeLibrary(const std::string& schemeName) {
     SchemeLibrary scheme;
-    std::string trouble;
     if (schemeName == "Kestrel") {
-        scheme.Kestrel64 = FindEntry<Kestrel64Entry>("libKestrel64.so", "KESTREL64", trouble);
+        Load("libKestrel64.so", "KESTREL64", scheme.Kestrel64, scheme);
     } else if (schemeName == "Kestrel32") {
-        scheme.Kestrel32 = FindEntry<Kestrel32Entry>("libKestrel32.so", "KESTREL32", trouble);
+        Load("libKestrel32.so", "KESTREL32", scheme.Kestrel32, scheme);
     } else if (schemeName == "Heron32") {
-        scheme.Heron32 = FindEntry<Heron32Entry>("libHeron32.so", "HERON32", trouble);
+        Load("libHeron32.so", "HERON32", scheme.Heron32, scheme);
     } else if (schemeName == "Plover") {
-        scheme.Plover = FindEntry<PloverEntry>("libPlover.so", "PLOVER", trouble);
+        Load("libPlover.so", "PLOVER", scheme.Plover, scheme);
     } else {
         scheme.Trouble = "there is no scheme \"" + schemeName + "\"";
         return scheme;
     }
-    if (!trouble.empty()) {
-        scheme.Trouble = "the scheme " + schemeName + " cannot be loaded (" + trouble + ")";
+    if (!scheme.IsLoaded()) {
+        scheme.Trouble = "the scheme " + schemeName + " cannot be loaded (" + scheme.Trouble + ")";
     }
     return scheme;
 }

@@ -12,6 +12,7 @@ struct SchemeLibrary {
     Kestrel32Entry* Kestrel32 = nullptr;
     Heron32Entry* Heron32 = nullptr;
     PloverEntry* Plover = nullptr;
+    bool ReadsMiddleRowOnly = false;  // of the 25 rows of a field
     std::string Trouble = {};
 
     bool IsLoaded() const { return Kestrel64 || Kestrel32 || Heron32 || Plover; }

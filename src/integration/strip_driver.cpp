@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 #include "integration/tick_arrays.h"
+#include "integration/wide_vectors.h"
 #include "model/experiment_state.h"
 
 namespace {
@@ -55,30 +57,51 @@ struct Constants {
     Float StepDT, Gamma, RhoFloor, AuxFloor, PFloor, VFloor, difcon, shkjmp, wavhaf;
 };
 
-// The 25 equal rows of strip cells 1-B..W+B of one field.
+// The 25 equal rows of strip cells 1-B..W+B of one field; the middle one alone for a library that
+// says that it reads no other, which is most of the work of a strip saved.
 template <typename Float>
-void FillRows(const OffsetArray<Float>& field, const Strip& strip, int boundary,
+void FillRows(const OffsetArray<Float>& field, const Strip& strip, int boundary, bool middleRowOnly,
               OffsetArray<Float>& rows) {
+    constexpr int middle = StripArrays<Float>::Rows / 2;
+    const int first = middleRowOnly ? middle : 0;
+    const int last = middleRowOnly ? middle : StripArrays<Float>::Rows - 1;
     const int length = strip.Width + 2 * boundary;
     const Float* source = field.At(strip.Offset + 1 - boundary);
-    for (int row = 0; row < StripArrays<Float>::Rows; ++row) {
-        std::copy_n(source, length, rows.At(row * length));
-    }
+    for (int row = first; row <= last; ++row) std::copy_n(source, length, rows.At(row * length));
 }
 
-// Real cells 1..W of a result array to their place in the grid, at most as far as cell N.
+// Real cells 1..W of a result array to their place in the grid, at most as far as cell N: Heron32's
+// last strip reaches further. Returns whether they are finite.
 template <typename Float>
-void Gather(const OffsetArray<Float>& result, const Strip& strip, int boundary,
-            OffsetArray<Float>& field) {
-    std::copy_n(result.At(boundary), strip.Width, field.At(strip.Offset + 1));
+WIDE_VECTORS bool Gather(const OffsetArray<Float>& result, const Strip& strip, int boundary,
+                         int nGridCells, OffsetArray<double>& field) {
+    const int count = std::min(strip.Width, nGridCells - strip.Offset);
+    const Float* from = result.At(boundary);
+    double* to = field.At(strip.Offset + 1);
+    int odd = 0;
+    for (int i = 0; i < count; ++i) {
+        odd |= static_cast<int>(!(std::abs(from[i]) <= std::numeric_limits<Float>::max()));
+    }
+    for (int i = 0; i < count; ++i) to[i] = from[i];
+    return odd == 0;
 }
 
-void Widen(const OffsetArray<float>& narrow, int last, OffsetArray<double>& wide) {
-    for (int i = 1; i <= last; ++i) wide[i] = narrow[i];
+template <typename Float>
+void GatherResults(const StripArrays<Float>& arrays, const Strip& strip, ExperimentState& state,
+                   TickArrays& tick) {
+    const int b = state.NBDY;
+    const int n = state.NGridCells;
+    tick.ResultsAreFinite &= Gather(arrays.RhoStrip, strip, b, n, tick.RhoOut);
+    tick.ResultsAreFinite &= Gather(arrays.PStrip, strip, b, n, tick.POut);
+    tick.ResultsAreFinite &= Gather(arrays.UxStrip, strip, b, n, tick.UxOut);
+    tick.ResultsAreFinite &= Gather(arrays.UyStrip, strip, b, n, state.UyNew);
+    tick.ResultsAreFinite &= Gather(arrays.SmokeStrip, strip, b, n, state.FSmokeNew);
 }
 
-void Narrow(const OffsetArray<double>& wide, int first, int last, OffsetArray<float>& narrow) {
-    for (int i = first; i <= last; ++i) narrow[i] = static_cast<float>(wide[i]);
+WIDE_VECTORS void Narrow(const OffsetArray<double>& wide, int first, int last,
+                         OffsetArray<float>& narrow) {
+    std::transform(wide.At(first), wide.At(last) + 1, narrow.At(first),
+                   [](double value) { return static_cast<float>(value); });
 }
 
 // True while the library is to be called once more for the strip. A Courant number that is no
@@ -157,21 +180,18 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
         Strip strip{s * plan.StripWidth, plan.StripWidth};
         strip.Width = std::min(strip.Width, n - strip.Offset);
         arrays.ClearResults(strip.Width, b, true);
-        FillRows(state.Rho, strip, b, arrays.RhoRows);
-        FillRows(state.P, strip, b, arrays.PRows);
-        FillRows(state.Ux, strip, b, arrays.UxRows);
-        FillRows(state.Uy, strip, b, arrays.UyRows);
+        const bool middle = tick.Library.ReadsMiddleRowOnly;
+        FillRows(state.Rho, strip, b, middle, arrays.RhoRows);
+        FillRows(state.P, strip, b, middle, arrays.PRows);
+        FillRows(state.Ux, strip, b, middle, arrays.UxRows);
+        FillRows(state.Uy, strip, b, middle, arrays.UyRows);
         CallKestrel(tick.Library.Kestrel64, state.X, state.FSmoke, tick.UzOut, arrays, strip, b,
                     constants, tick.StepCourant, tick);
-        Gather(arrays.RhoStrip, strip, b, tick.RhoOut);
-        Gather(arrays.PStrip, strip, b, tick.POut);
-        Gather(arrays.UxStrip, strip, b, tick.UxOut);
-        Gather(arrays.UyStrip, strip, b, state.UyNew);
-        Gather(arrays.SmokeStrip, strip, b, state.FSmokeNew);
+        GatherResults(arrays, strip, state, tick);
     }
 }
 
-void NarrowGrid(const ExperimentState& state, NarrowedGrid& grid) {
+void NarrowGrid(const ExperimentState& state, bool carriesSmoke, NarrowedGrid& grid) {
     const int first = 1 - state.NBDY;
     const int last = state.NGridCells + state.NBDY + 1;
     Narrow(state.X, first, last, grid.XS);
@@ -179,7 +199,7 @@ void NarrowGrid(const ExperimentState& state, NarrowedGrid& grid) {
     Narrow(state.P, first, last, grid.PS);
     Narrow(state.Ux, first, last, grid.UxS);
     Narrow(state.Uy, first, last, grid.UyS);
-    Narrow(state.FSmoke, first, last, grid.SmokeS);
+    if (carriesSmoke) Narrow(state.FSmoke, first, last, grid.SmokeS);
 }
 
 void CallLibrary32(const Strip& strip, int boundary, const Constants<float>& constants,
@@ -191,10 +211,11 @@ void CallLibrary32(const Strip& strip, int boundary, const Constants<float>& con
     } else {
         NarrowedGrid& grid = tick.Grid32;
         StripArrays<float>& arrays = tick.Strip32;
-        FillRows(grid.RhoS, strip, boundary, arrays.RhoRows);
-        FillRows(grid.PS, strip, boundary, arrays.PRows);
-        FillRows(grid.UxS, strip, boundary, arrays.UxRows);
-        FillRows(grid.UyS, strip, boundary, arrays.UyRows);
+        const bool middle = tick.Library.ReadsMiddleRowOnly;
+        FillRows(grid.RhoS, strip, boundary, middle, arrays.RhoRows);
+        FillRows(grid.PS, strip, boundary, middle, arrays.PRows);
+        FillRows(grid.UxS, strip, boundary, middle, arrays.UxRows);
+        FillRows(grid.UyS, strip, boundary, middle, arrays.UyRows);
         CallKestrel(tick.Library.Kestrel32, grid.XS, grid.SmokeS, grid.UzOutS, arrays, strip,
                     boundary, constants, courant, tick);
     }
@@ -208,7 +229,8 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
     auto courant = static_cast<float>(tick.StepCourant);
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
-    NarrowGrid(state, grid);
+    const bool carriesSmoke = tick.Library.Plover == nullptr;
+    NarrowGrid(state, carriesSmoke, grid);
 
     {
         const StripClock clock(state, tick);
@@ -218,21 +240,12 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
             if (tick.Library.Heron32 == nullptr) {
                 strip.Width = std::min(strip.Width, n - strip.Offset);
             }
-            arrays.ClearResults(strip.Width, b, tick.Library.Plover == nullptr);
+            arrays.ClearResults(strip.Width, b, carriesSmoke);
             CallLibrary32(strip, b, constants, courant, tick);
-            Gather(arrays.RhoStrip, strip, b, grid.RhoOutS);
-            Gather(arrays.PStrip, strip, b, grid.POutS);
-            Gather(arrays.UxStrip, strip, b, grid.UxOutS);
-            Gather(arrays.UyStrip, strip, b, grid.UyOutS);
-            Gather(arrays.SmokeStrip, strip, b, grid.SmokeOutS);
+            GatherResults(arrays, strip, state, tick);
         }
     }
     tick.StepCourant = courant;
-    Widen(grid.RhoOutS, n, tick.RhoOut);
-    Widen(grid.POutS, n, tick.POut);
-    Widen(grid.UxOutS, n, tick.UxOut);
-    Widen(grid.UyOutS, n, state.UyNew);
-    Widen(grid.SmokeOutS, n, state.FSmokeNew);
 }
 
 }  // namespace
@@ -245,6 +258,7 @@ void AdvanceAllStrips(ExperimentState& state, TickArrays& tick) {
     if (!tick.Library.IsLoaded()) return;
     tick.OpCounters.fill(0);
     tick.RepeatCount = CallsPerStrip(state);
+    tick.ResultsAreFinite = true;
     if (tick.Library.Kestrel64 != nullptr) {
         Drive64(state, tick);
     } else {

@@ -36,8 +36,7 @@ template struct StripArrays<double>;
 template struct StripArrays<float>;
 
 NarrowedGrid::NarrowedGrid(int last) {
-    for (OffsetArray<float>* array : {&XS, &RhoS, &PS, &UxS, &UyS, &SmokeS, &RhoOutS, &POutS,
-                                      &UxOutS, &UyOutS, &SmokeOutS, &UzOutS}) {
+    for (OffsetArray<float>* array : {&XS, &RhoS, &PS, &UxS, &UyS, &SmokeS, &UzOutS}) {
         *array = OffsetArray<float>(FirstCell, last);
     }
 }

@@ -40,14 +40,13 @@ struct StripArrays {
     OffsetArray<Float> RhoStrip, PStrip, UxStrip, UyStrip, SmokeStrip;
 };
 
-// The whole grid narrowed for the 32-bit libraries, and what they return. Cells -6..N+B+1 at least,
+// The whole grid narrowed for the 32-bit libraries. Cells -6..N+B+1 at least,
 // and as far as the last full strip of Heron32 reaches; all zero beyond the ghost cells.
 struct NarrowedGrid {
     NarrowedGrid() = default;
     explicit NarrowedGrid(int last);
 
     OffsetArray<float> XS, RhoS, PS, UxS, UyS, SmokeS;
-    OffsetArray<float> RhoOutS, POutS, UxOutS, UyOutS, SmokeOutS;
     OffsetArray<float> UzOutS;  // the libraries' third velocity, read by nobody
 };
 
@@ -60,7 +59,8 @@ struct TickArrays {
     SchemeLibrary Library;
     double StepDT = 0.0;       // DTime, as handed to the library
     double StepCourant = 0.0;  // Courant number of the step under way
-    std::string Refusal;       // why the last step could not be taken, as part of a sentence
+    bool ResultsAreFinite = true;
+    std::string Refusal;  // why the last step could not be taken, as part of a sentence
 
     OffsetArray<double> RhoOut, POut, UxOut;  // new state of cells 1..N
     OffsetArray<double> UzOut;                // the library's third velocity, read by nobody

@@ -8,6 +8,7 @@
 #include "integration/operation_meter.h"
 #include "integration/strip_driver.h"
 #include "integration/tick_arrays.h"
+#include "integration/wide_vectors.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
 
@@ -24,10 +25,6 @@ constexpr int MostMeteredUpdates = 25'000'000;
 
 std::string NoStep(const ExperimentState& state) {
     return "the scheme " + state.SchemeName + " can take no step from this state: ";
-}
-
-double SmallToZero(double velocity, double floor) {
-    return velocity < floor && velocity > -floor ? 0.0 : velocity;
 }
 
 // True once an attempt has come in under the Courant gate. Every failed one shortens the step; if
@@ -50,20 +47,6 @@ bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
     return false;
 }
 
-bool AreFinite(const OffsetArray<double>& results, int n) {
-    return std::all_of(results.At(1), results.At(n) + 1, [](double v) { return std::isfinite(v); });
-}
-
-bool ResultsAreFinite(const ExperimentState& state, TickArrays& tick) {
-    const int n = state.NGridCells;
-    if (AreFinite(tick.RhoOut, n) && AreFinite(tick.POut, n) && AreFinite(tick.UxOut, n) &&
-        AreFinite(state.UyNew, n) && AreFinite(state.FSmokeNew, n)) {
-        return true;
-    }
-    tick.Refusal = NoStep(state) + "it left a cell without a finite result";
-    return false;
-}
-
 }  // namespace
 
 int StepsOfTick(const ExperimentState& state) {
@@ -76,14 +59,24 @@ int StepsOfTick(const ExperimentState& state) {
     return std::clamp(steps, 1, updates / (state.NGridCells * CallsPerStrip(state)));
 }
 
-void AcceptStep(ExperimentState& state, const TickArrays& tick) {
-    for (int i = 1; i <= state.NGridCells; ++i) {
-        state.Rho[i] = std::max(tick.RhoOut[i], state.RhoFloor);
-        state.P[i] = std::max(tick.POut[i], state.PFloor);
-        state.Ux[i] = SmallToZero(tick.UxOut[i], state.VFloor);
-        state.Uy[i] = SmallToZero(state.UyNew[i], state.VFloor);
-        state.FSmoke[i] = state.FSmokeNew[i];
-    }
+WIDE_VECTORS void AcceptStep(ExperimentState& state, const TickArrays& tick) {
+    const int n = state.NGridCells;
+    // One field after the other: loops over two arrays are what compilers make vectors of.
+    const auto accept = [n](const OffsetArray<double>& results, OffsetArray<double>& field,
+                            auto lawful) {
+        std::transform(results.At(1), results.At(n) + 1, field.At(1), lawful);
+    };
+    const auto raisedTo = [](double floor) {
+        return [floor](double value) { return value < floor ? floor : value; };
+    };
+    const auto smallToZero = [floor = state.VFloor](double velocity) {
+        return (velocity < floor) & (velocity > -floor) ? 0.0 : velocity;
+    };
+    accept(tick.RhoOut, state.Rho, raisedTo(state.RhoFloor));
+    accept(tick.POut, state.P, raisedTo(state.PFloor));
+    accept(tick.UxOut, state.Ux, smallToZero);
+    accept(state.UyNew, state.Uy, smallToZero);
+    std::copy(state.FSmokeNew.At(1), state.FSmokeNew.At(n) + 1, state.FSmoke.At(1));
 }
 
 void ControlTimeStep(ExperimentState& state, double stepCourant) {
@@ -100,7 +93,12 @@ bool TakeTimeStep(ExperimentState& state, TickArrays& tick) {
         return false;
     }
     const double stepBefore = state.DTime;
-    if (!PassCourantGate(state, tick) || !ResultsAreFinite(state, tick)) {
+    bool mayAccept = PassCourantGate(state, tick);
+    if (mayAccept && !tick.ResultsAreFinite) {
+        tick.Refusal = NoStep(state) + "it left a cell without a finite result";
+        mayAccept = false;
+    }
+    if (!mayAccept) {
         state.DTime = stepBefore;
         return false;
     }

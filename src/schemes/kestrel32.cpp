@@ -3,6 +3,8 @@
 #include "schemes/scheme_entry_points.h"
 #include "schemes/traced_step.h"
 
+extern "C" [[gnu::visibility("default")]] const int READS_MIDDLE_ROW_ONLY = 1;
+
 extern "C" [[gnu::visibility("default")]] void KESTREL32(
     const float* edges, const float* densityRows, const float* pressureRows,
     const float* velocityRows, const float* transverseRows, const float* /*thirdRows*/,

@@ -3,6 +3,8 @@
 #include "schemes/scheme_entry_points.h"
 #include "schemes/traced_step.h"
 
+extern "C" [[gnu::visibility("default")]] const int READS_MIDDLE_ROW_ONLY = 1;
+
 extern "C" [[gnu::visibility("default")]] void KESTREL64(
     const double* edges, const double* densityRows, const double* pressureRows,
     const double* velocityRows, const double* transverseRows, const double* /*thirdRows*/,

@@ -21,7 +21,8 @@
 //                 edges[i+1] its right edge. Strictly rising, the widths may differ.
 //   rows          25 rows one behind the other: row (j, k), with j and k each from -2 to 2, begins
 //                 at element (5(k+2) + (j+2))(W + 2B). The flow does not vary across, so that all
-//                 25 rows are equal; a scheme may read any of them.
+//                 25 rows are equal; a scheme may read any of them, unless it exports
+//                 READS_MIDDLE_ROW_ONLY.
 //   density, pressure   at least rhoFloor and pFloor
 //   velocity      along the grid
 //   transverse    velocity across the grid, carried with the gas
@@ -53,6 +54,10 @@
 #pragma once
 
 extern "C" {
+
+// A library that takes 25 rows and reads none but the middle one, (0, 0), may export this with any
+// value but 0: the caller then spares itself the others, which costs as much as a good scheme.
+extern const int READS_MIDDLE_ROW_ONLY;
 
 using Kestrel64Entry = void(const double* edges, const double* densityRows,
                             const double* pressureRows, const double* velocityRows,

@@ -64,7 +64,7 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
     const int first = FirstTraced;
     InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
     if constexpr (Parts.FlattensShocks) {
-        const Float strength = Least(Float(1.0 / 6.0) * constants.Difcon, Float(1));
+        const Float strength = Between(Float(0), Float(1.0 / 6.0) * constants.Difcon, Float(1));
         CountOperations(ShockSearchCost, strip.Cells, counters);
         const int flattened = FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed,
                                             rows.Parabolas, first, last);
@@ -120,7 +120,8 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     const int strong = SolveRiemannProblems(strip, rows.Cells, rows.States, constants.Gamma,
                                             rows.Fluxes, -1, lastEdge);
     CountOperations(StrongEdgeCost, std::min(strong, n), counters);
-    const Float damping = Float(0.3) * constants.Wavhaf / (constants.Wavhaf + Float(0.2));
+    const Float wavhaf = Most(constants.Wavhaf, Float(0));
+    const Float damping = Float(0.3) * wavhaf / (wavhaf + Float(0.2));
     DampRipples(strip, rows.Cells, damping, rows.Fluxes, -1, lastEdge);
     const bool mended = UpdateGas(strip, constants, rows, counters);
     CountOperations(GasCost, n, counters);
