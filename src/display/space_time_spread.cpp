@@ -5,6 +5,8 @@
 #include <cassert>
 #include <cstddef>
 
+#include "model/wide_vectors.h"
+
 namespace {
 
 // N <= W: one source for each column.
@@ -93,7 +95,7 @@ bool AllFinite(const float* values, int count) {
 }
 
 // Level, and Touch: the touches of cells 1..N, and behind them their raw levels.
-void FindTouches(const float* state, SpreadWork& work) {
+WIDE_VECTORS void FindTouches(const float* state, SpreadWork& work) {
     const int N = work.N;
     const GrayScale gray = work.Gray;
     double* const level = work.Level.data();
@@ -152,8 +154,8 @@ void KeepStates(const SpaceTimeTable& table, SpreadWork& work) {
 }
 
 // N <= W: one pixel row.
-void DrawWideRow(const SpreadWork::PixelRow& pixelRow, const SpaceTimeTable& table,
-                 SpreadWork& work, std::uint8_t* pix) {
+WIDE_VECTORS void DrawWideRow(const SpreadWork::PixelRow& pixelRow, const SpaceTimeTable& table,
+                              SpreadWork& work, std::uint8_t* pix) {
     const int W = work.W;
     const double* const first = work.First.data();
     double* const row = work.Row.data();

@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "integration/tick_arrays.h"
-#include "integration/wide_vectors.h"
 #include "model/experiment_state.h"
+#include "model/wide_vectors.h"
 
 namespace {
 

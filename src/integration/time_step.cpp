@@ -8,9 +8,9 @@
 #include "integration/operation_meter.h"
 #include "integration/strip_driver.h"
 #include "integration/tick_arrays.h"
-#include "integration/wide_vectors.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
+#include "model/wide_vectors.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-// For the plain loops over whole grids that stand beside every call of a scheme.
+// For the plain loops over whole grids that the compiler makes vectors of.
 #pragma once
 
 // Before a function: compiled a second time for 256-bit vectors, which the loader picks where the
