@@ -2,11 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <set>
 
+#include "display/surface.h"
 #include "panel/main_window.h"
 #include "panel_driver.h"
 
@@ -23,7 +25,116 @@ void Activate(Panel& panel) {
     panel.Form().controls.tmrMetronome->stop();  // ticks only where the test asks for them
 }
 
+// Pixels by which a control looks clearly different when it has the focus.
+int FocusInk(QWidget& control) {
+    const QImage with = control.grab().toImage();
+    const QPointer<QWidget> focused = QApplication::focusWidget();
+    control.clearFocus();
+    const QImage without = control.grab().toImage();
+    focused->setFocus();
+    int different = 0;
+    for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x) {
+            if (std::abs(qGray(with.pixel(x, y)) - qGray(without.pixel(x, y))) > 60) ++different;
+        }
+    }
+    return different;
+}
+
+constexpr const char* TabOrder[] = {"txtNGridCells",
+                                    "txtMSelected",
+                                    "hsbMSelected",
+                                    "cmdSelect",
+                                    "cmdDeselect",
+                                    "cmdReset",
+                                    "pctDensityPlot",
+                                    "vsbStoredStateNumber",
+                                    "txtStoredStateNumber",
+                                    "cmdSinglePlots",
+                                    "cmdMultiplePlots",
+                                    "cmdBoundaryConditionType",
+                                    "pctVelocityPlot",
+                                    "cmdSoundWave",
+                                    "cmdGetTitle",
+                                    "txtCourantNumber",
+                                    "pctPressurePlot",
+                                    "cmdReadSetUp",
+                                    "cmdWriteSetUp",
+                                    "cmdGetDiffConsts",
+                                    "txtNPlotsPerPeriod",
+                                    "txtNPeriods",
+                                    "txtMSec",
+                                    "cmdPause",
+                                    "cmdContinue",
+                                    "cmdRestart",
+                                    "cmdDocumentation",
+                                    "cmdBegin",
+                                    "pctSpaceTime",
+                                    "txtVelocity",
+                                    "txtPressure",
+                                    "txtDensity",
+                                    "hsbVelocity",
+                                    "hsbPressure",
+                                    "hsbDensity",
+                                    "txtTime",
+                                    "txtDensityMin",
+                                    "txtDensityMax",
+                                    "txtVelocityMin",
+                                    "txtVelocityMax",
+                                    "txtPressureMin",
+                                    "txtPressureMax",
+                                    "lstGrayVariable",
+                                    "cmdTest1",
+                                    "cmdTest2",
+                                    "cmdTest3",
+                                    "cmdTest4",
+                                    "cmdTest5",
+                                    "cmdTest6",
+                                    "cmdTest7",
+                                    "cmdTest8",
+                                    "cmdNumericalScheme"};
+
 }  // namespace
+
+TEST(PanelKeys, TabGoesThroughTheControlsInTheirOrderAndTheFocusIsSeen) {
+    Panel panel;
+    Activate(panel);
+    for (const char* name : TabOrder) {
+        QWidget* const control = panel.Form().focusWidget();
+        EXPECT_EQ(control->objectName(), name);
+        EXPECT_GT(FocusInk(*control), 100) << name;
+        Type(panel, "Tab");
+    }
+    EXPECT_EQ(panel.Form().focusWidget()->objectName(), TabOrder[0]);
+    Type(panel, "Shift+Tab");
+    EXPECT_EQ(panel.Form().focusWidget()->objectName(), "cmdNumericalScheme");
+}
+
+TEST(PanelKeys, WorkThePlotsAndThePicture) {
+    Panel panel;
+    Activate(panel);
+    const Controls& controls = panel.Form().controls;
+    const ExperimentState& state = panel.Form().state;
+    controls.pctPressurePlot->setFocus();
+    Type(panel, "Left");
+    EXPECT_EQ(state.MSelected, 399);
+    Type(panel, "Home");
+    EXPECT_EQ(state.MSelected, 1);
+    controls.pctSpaceTime->setFocus();
+    Type(panel, "Return");
+    EXPECT_EQ(state.SpaceTimeBig, 1);
+    // What it covers is passed over, and so are the boxes that it hides.
+    for (std::size_t k = 0; k < std::size(TabOrder); ++k) {
+        Type(panel, "Tab");
+        const QWidget* const control = panel.Form().focusWidget();
+        const QWidget* const seen = panel.Form().childAt(control->geometry().center());
+        EXPECT_TRUE(control == seen || control->isAncestorOf(seen))
+            << qPrintable(control->objectName());
+    }
+    controls.pctSpaceTime->setFocus();
+    Type(panel, "Esc");
+    EXPECT_EQ(state.SpaceTimeBig, 0);
+}
 
 TEST(PanelKeys, PressEachItsButtonOnceAndNoOther) {
     Panel panel;

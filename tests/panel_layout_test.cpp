@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -143,25 +144,40 @@ TEST(PanelLayout, MakesEveryControlAsItsRowSays) {
     EXPECT_EQ(form.size(), QSize(1000, 766));
 }
 
-TEST(PanelLayout, LeadsTheFocusThroughTheTabOrder) {
+// What a screen reader says of every control, and nothing that has the focus sounds like another.
+TEST(PanelLayout, TellsAScreenReaderWhatEveryControlIs) {
     const frmTernlow form;
-    std::map<int, QString> byTab;
-    const auto add = [&](const auto& row) { byTab[row.Tab] = row.Name; };
-    std::for_each(Buttons.begin(), Buttons.end(), add);
-    std::for_each(TextBoxes.begin(), TextBoxes.end(), add);
-    std::for_each(ScrollBars.begin(), ScrollBars.end(), add);
-    add(GrayVariables);
-
-    const QWidget* first = form.controls.txtNGridCells;
-    EXPECT_EQ(form.focusWidget(), first);
-    const QWidget* control = first;
-    for (const auto& [tab, name] : byTab) {
-        EXPECT_EQ(control->objectName(), name) << tab;
-        do {
-            control = control->nextInFocusChain();
-        } while (!(control->focusPolicy() & Qt::TabFocus) || control->parentWidget() != &form);
+    const std::map<QString, QAccessible::Role> roles = {
+        {"cmd", QAccessible::Button},     {"txt", QAccessible::EditableText},
+        {"lbl", QAccessible::StaticText}, {"pct", QAccessible::Graphic},
+        {"hsb", QAccessible::ScrollBar},  {"vsb", QAccessible::ScrollBar},
+        {"lst", QAccessible::List}};
+    std::set<std::pair<int, QString>> spoken;
+    std::size_t controls = 0;
+    for (QWidget* control : form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        SCOPED_TRACE(qPrintable(control->objectName()));
+        const auto role = roles.find(control->objectName().left(3));
+        ASSERT_TRUE(role != roles.end());
+        ++controls;
+        QAccessibleInterface* const said = QAccessible::queryAccessibleInterface(control);
+        ASSERT_NE(said, nullptr);
+        EXPECT_EQ(said->role(), role->second);
+        const QString name = said->text(QAccessible::Name);
+        EXPECT_FALSE(name.isEmpty());
+        if (role->first != "lbl") {
+            EXPECT_TRUE(spoken.emplace(said->role(), name).second) << qPrintable(name);
+        }
+        if (role->first == "pct") {
+            EXPECT_GT(said->text(QAccessible::Description).size(), 80);
+        }
+        if (const auto* box = dynamic_cast<QLineEdit*>(control)) {
+            EXPECT_EQ(said->text(QAccessible::Value), box->text());
+        }
+        if (const auto* bar = dynamic_cast<QScrollBar*>(control)) {
+            EXPECT_EQ(said->valueInterface()->currentValue().toInt(), bar->value());
+        }
     }
-    EXPECT_EQ(control, first);
+    EXPECT_EQ(controls, ControlCount - 2) << "the timer and the file dialog are no widgets";
 }
 
 TEST(PanelLayout, ShowsEveryCaptionWhole) {

@@ -1,5 +1,7 @@
 #include "display/surface.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -8,6 +10,7 @@
 #include <utility>
 
 #include "display/black_pen.h"
+#include "panel/edge_drawing.h"
 
 namespace {
 
@@ -38,6 +41,7 @@ QImage InColour(const QImage& gray) {
 Surface::Surface(const PanelScale& scale, double unitsPerPixel, QWidget* parent)
     : QWidget(parent), scale_(scale), unitsPerPixel_(unitsPerPixel) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus);  // a press leaves the focus where the user types
 }
 
 void Surface::Place(const QRect& twips) {
@@ -173,7 +177,22 @@ void Surface::Draw(const QImage& picture) {
 
 void Surface::paintEvent(QPaintEvent* /*event*/) {
     Rasterise();
-    QPainter(this).drawImage(0, 0, image_);
+    QPainter painter(this);
+    painter.drawImage(0, 0, image_);
+    if (hasFocus()) DrawFocusFrame(painter, *this);
+}
+
+void Surface::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && DoubleClicked) {
+        DoubleClicked();
+    } else if (event->key() == Qt::Key_Escape && Clicked) {
+        Clicked();
+    } else if (takesKeys_ != nullptr) {
+        QCoreApplication::sendEvent(takesKeys_, event);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void Surface::mousePressEvent(QMouseEvent* event) {

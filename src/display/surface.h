@@ -16,8 +16,9 @@
 // and one logical pixel wide.
 //
 // Drawing since the last Cls is kept as a list and becomes an image once, when somebody looks. The
-// paint event only copies that image out. It runs no procedure of ours, because those write text
-// boxes; so exposure loses nothing and changes nothing.
+// paint event only copies that image out, and lays a frame over it while the surface has the focus.
+// It runs no procedure of ours, because those write text boxes; so exposure loses nothing and
+// changes nothing.
 class Surface : public QWidget {
 public:
     // unitsPerPixel: the size of a logical pixel in the unit of the coordinates.
@@ -58,13 +59,17 @@ public:
 
     // What the user does here, in the order press, click, double click. Any button presses; only
     // the left one clicks. A click is a release inside the surface; the second release of a double
-    // click is none.
+    // click is none. With the focus, Escape is a click and Enter a double click.
     std::function<void(float x, float y)> Pressed;
     std::function<void()> Clicked;
     std::function<void()> DoubleClicked;
 
+    // The control that is given every other key. Not owned.
+    void PassKeysTo(QWidget* control) { takesKeys_ = control; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -97,4 +102,5 @@ private:
     QImage image_;
     bool isUnseen_ = false;
     bool pressedHere_ = false;  // the button went down here and the release will be a click
+    QWidget* takesKeys_ = nullptr;
 };

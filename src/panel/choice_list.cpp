@@ -1,7 +1,10 @@
 #include "panel/choice_list.h"
 
+#include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
+
+#include "panel/edge_drawing.h"
 
 ChoiceList::ChoiceList(QWidget* parent) : QListWidget(parent) {
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
@@ -13,6 +16,13 @@ ChoiceList::ChoiceList(QWidget* parent) : QListWidget(parent) {
         if (isReleasing_ && chosenByPress_) return;
         if (Chosen) Chosen();
     });
+}
+
+void ChoiceList::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(viewport());
+    DrawFocusFrame(painter, *viewport());
 }
 
 void ChoiceList::mousePressEvent(QMouseEvent* event) {

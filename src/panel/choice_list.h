@@ -5,7 +5,7 @@
 #include <functional>
 
 // Chosen runs once for every choice: when another row becomes the present one, by the user or by
-// code, and when the present row is clicked again.
+// code, and when the present row is clicked again. It shows that it has the focus.
 class ChoiceList : public QListWidget {
 public:
     explicit ChoiceList(QWidget* parent = nullptr);
@@ -13,6 +13,7 @@ public:
     std::function<void()> Chosen;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QPainter>
 #include <QRect>
+#include <QWidget>
 
 // Filled rectangles, not lines: a line of one logical pixel is laid half over the next one where a
 // logical pixel is several of the screen's.
@@ -18,4 +19,12 @@ void DrawEdges(QPainter& painter, const QRect& rect, const QColor& leftAndTop,
 
 void DrawEdges(QPainter& painter, const QRect& rect, const QColor& colour) {
     DrawEdges(painter, rect, colour, colour);
+}
+
+void DrawFocusFrame(QPainter& painter, const QWidget& control) {
+    const QColor highlight = control.palette().color(QPalette::Highlight);
+    const QRect rect = control.rect();
+    DrawEdges(painter, rect, highlight);
+    DrawEdges(painter, rect.adjusted(1, 1, -1, -1), highlight);
+    DrawEdges(painter, rect.adjusted(2, 2, -2, -2), Qt::white);
 }

@@ -4,9 +4,13 @@
 class QColor;
 class QPainter;
 class QRect;
+class QWidget;
 
 // Draws the innermost logical pixels of a rectangle, those at the left and top in one colour and
 // those at the right and bottom in another.
 void DrawEdges(QPainter& painter, const QRect& rect, const QColor& leftAndTop,
                const QColor& rightAndBottom);
 void DrawEdges(QPainter& painter, const QRect& rect, const QColor& colour);
+
+// Draws along the edge of a control that it has the focus: seen on white and on black.
+void DrawFocusFrame(QPainter& painter, const QWidget& control);

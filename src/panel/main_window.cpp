@@ -16,6 +16,7 @@
 #include "panel/common_dialog.h"
 #include "panel/panel_scroll_bar.h"
 #include "panel/pictures.h"
+#include "panel/spoken_role.h"
 #include "panel/wrapping_button.h"
 #include "panel/wrapping_label.h"
 
@@ -41,6 +42,7 @@ CaptionAlignment AlignmentOf(bool isCentred) {
 // The texts of the design come first and the handlers are connected afterwards: a text that the
 // panel is made with is no edit.
 frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
+    SpeakOfSurfacesAsPictures();
     setObjectName("frmTernlow");
     setWindowTitle(WindowTitle);
     setFixedSize(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
@@ -119,6 +121,7 @@ void frmTernlow::MakeSurfaces() {
     for (const SurfaceRow& row : Surfaces) {
         auto* surface = new Surface(scale_, row.IsInTwips ? scale_.TwipsPerPixel() : 1.0, this);
         Dress(*surface, row, row.SpokenName);
+        surface->setAccessibleDescription(row.SpokenDescription);
         surface->setToolTip(row.ToolTip);
         controls.*row.Control = surface;
     }
@@ -161,12 +164,10 @@ void frmTernlow::MakeTimerAndDialog() {
 
 void frmTernlow::SetTabOrder() {
     std::vector<std::pair<int, QWidget*>> order;
-    const auto add = [&](const auto& row) {
-        QWidget* control = controls.*row.Control;
-        if (control->focusPolicy() != Qt::NoFocus) order.emplace_back(row.Tab, control);
-    };
+    const auto add = [&](const auto& row) { order.emplace_back(row.Tab, controls.*row.Control); };
     std::for_each(Buttons.begin(), Buttons.end(), add);
     std::for_each(TextBoxes.begin(), TextBoxes.end(), add);
+    std::for_each(Surfaces.begin(), Surfaces.end(), add);
     std::for_each(ScrollBars.begin(), ScrollBars.end(), add);
     add(GrayVariables);
     std::sort(order.begin(), order.end());
@@ -176,9 +177,11 @@ void frmTernlow::SetTabOrder() {
     order.front().second->setFocus();
 }
 
+// Labels lie below all else, or that of a plot would take the presses on the boxes at its sides.
 // Big, the space-time picture covers the plots, the bar between them and their captions, but not
 // the boxes at the ends of their axes.
 void frmTernlow::StackControls() {
+    for (const LabelRow& row : Labels) (controls.*row.Control)->lower();
     controls.pctSpaceTime->raise();
     for (QLineEdit* box : {controls.txtDensityMin, controls.txtDensityMax, controls.txtPressureMin,
                            controls.txtPressureMax}) {
@@ -193,11 +196,12 @@ auto frmTernlow::Runs(void (*handler)(ExperimentState&, Controls&, Arguments...)
 
 void frmTernlow::ConnectPresses() {
     for (const ButtonRow& row : Buttons) {
-        if (row.Click) connect(controls.*row.Control, &QPushButton::clicked, this, Runs(row.Click));
+        connect(controls.*row.Control, &QPushButton::clicked, this, Runs(row.Click));
     }
     for (const SurfaceRow& row : Surfaces) {
         Surface& surface = *(controls.*row.Control);
-        if (row.MouseDown) surface.Pressed = Runs(row.MouseDown);
+        surface.Pressed = Runs(row.MouseDown);
+        if (row.KeyBar) surface.PassKeysTo(controls.*row.KeyBar);
         if (row.Click) surface.Clicked = Runs(row.Click);
         if (row.DblClick) surface.DoubleClicked = Runs(row.DblClick);
     }
@@ -210,14 +214,13 @@ void frmTernlow::ConnectBoxes() {
         }
     }
     for (const ScrollBarRow& row : ScrollBars) {
-        if (!row.Change || !row.Scroll) continue;
         QScrollBar* bar = controls.*row.Control;
         connect(bar, &QScrollBar::valueChanged, this, [this, bar, &row] {
             (bar->isSliderDown() ? row.Scroll : row.Change)(state, controls);
         });
     }
     auto* list = static_cast<ChoiceList*>(controls.*GrayVariables.Control);
-    if (GrayVariables.Click) list->Chosen = Runs(GrayVariables.Click);
+    list->Chosen = Runs(GrayVariables.Click);
 }
 
 // A held key presses once.
@@ -232,7 +235,6 @@ void frmTernlow::ConnectKeys() {
 // Nothing but the tick may ever be connected to the metronome: what holds the tick blocks the
 // timer's signals.
 void frmTernlow::ConnectTimer() {
-    if (!Metronome.Tick) return;
     connect(controls.*Metronome.Control, &QTimer::timeout, this, Runs(Metronome.Tick));
 }
 
@@ -244,6 +246,20 @@ void frmTernlow::paintEvent(QPaintEvent* event) {
         painter.setClipRect(rect.adjusted(-1, -1, 1, 1));  // whole at any scale of the screen
         painter.drawPixmap(0, 0, background_);
     }
+}
+
+// Passes over what the big picture covers: nobody would see the focus there.
+bool frmTernlow::focusNextPrevChild(bool next) {
+    const QWidget* const picture = controls.pctSpaceTime;
+    const auto isCovered = [&] {
+        const QWidget* const control = focusWidget();
+        return control != picture && control != nullptr &&
+               picture->geometry().contains(control->geometry());
+    };
+    do {
+        if (!QWidget::focusNextPrevChild(next)) return false;
+    } while (isCovered());
+    return true;
 }
 
 // Nothing is saved and nobody is asked: a run in progress ends with the window.

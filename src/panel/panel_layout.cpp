@@ -44,6 +44,14 @@ constexpr const char* SpaceTimeTip =
     "The selected distribution in space-time appears in this window.  Click on this window to "
     "paint it small, double click to paint it big.";
 
+constexpr const char* PlotDescription =
+    "A curve along the tube. The boxes below it hold the ends of its axis. The arrow keys go from "
+    "cell to cell; the values of the selected cell stand in boxes of their own.";
+
+constexpr const char* SpaceTimeDescription =
+    "The stored states as a gray picture: the tube from left to right, time upward, lighter is "
+    "more. Enter makes it big, Escape small.";
+
 }  // namespace
 
 // clang-format off
@@ -114,10 +122,10 @@ constexpr std::array<LabelRow, 15> Labels = {{
 }};
 
 constexpr std::array<SurfaceRow, 4> Surfaces = {{
-    {&Controls::pctDensityPlot,  "pctDensityPlot",  {120, 2520, 6800, 2895},  InTwips,  8,  pctDensityPlot_MouseDown, nullptr, nullptr, "Density plot",       "The plot of the density distribution appears in this window."},
-    {&Controls::pctPressurePlot, "pctPressurePlot", {7920, 2520, 6800, 2895}, InTwips,  21, pctPressurePlot_MouseDown, nullptr, nullptr, "Pressure plot",      "The plot of the pressure distribution appears in this window."},
-    {&Controls::pctVelocityPlot, "pctVelocityPlot", {120, 6240, 6800, 2895},  InTwips,  15, pctVelocityPlot_MouseDown, nullptr, nullptr, "Velocity plot",      "The plot of the velocity appears in this window."},
-    {&Controls::pctSpaceTime,    "pctSpaceTime",    {7920, 6240, 6800, 2895}, InPixels, 36, pctSpaceTime_MouseDown, pctSpaceTime_Click, pctSpaceTime_DblClick, "Space-time picture", SpaceTimeTip},
+    {&Controls::pctDensityPlot,  "pctDensityPlot",  {120, 2520, 6800, 2895},  InTwips,  8,  pctDensityPlot_MouseDown, nullptr, nullptr, &Controls::hsbMSelected, "Density plot", PlotDescription,  "The plot of the density distribution appears in this window."},
+    {&Controls::pctPressurePlot, "pctPressurePlot", {7920, 2520, 6800, 2895}, InTwips,  21, pctPressurePlot_MouseDown, nullptr, nullptr, &Controls::hsbMSelected, "Pressure plot", PlotDescription, "The plot of the pressure distribution appears in this window."},
+    {&Controls::pctVelocityPlot, "pctVelocityPlot", {120, 6240, 6800, 2895},  InTwips,  15, pctVelocityPlot_MouseDown, nullptr, nullptr, &Controls::hsbMSelected, "Velocity plot", PlotDescription, "The plot of the velocity appears in this window."},
+    {&Controls::pctSpaceTime,    "pctSpaceTime",    {7920, 6240, 6800, 2895}, InPixels, 36, pctSpaceTime_MouseDown, pctSpaceTime_Click, pctSpaceTime_DblClick, nullptr, "Space-time picture", SpaceTimeDescription, SpaceTimeTip},
 }};
 
 constexpr std::array<ScrollBarRow, 5> ScrollBars = {{

@@ -17,7 +17,7 @@ class QScrollBar;
 class QTimer;
 class Surface;
 
-// What a control runs. A null one is skipped.
+// What a control runs. Null where it runs nothing.
 using Handler = void (*)(ExperimentState& state, Controls& controls);
 using PressHandler = void (*)(ExperimentState& state, Controls& controls, float x, float y);
 
@@ -75,7 +75,10 @@ struct SurfaceRow {
     PressHandler MouseDown;
     Handler Click;
     Handler DblClick;
+    QScrollBar* Controls::*
+        KeyBar;  // is given the keys that the surface has no use for; may be null
     const char* SpokenName;
+    const char* SpokenDescription;
     const char* ToolTip;
 };
 

@@ -19,9 +19,7 @@ void PanelScrollBar::paintEvent(QPaintEvent* event) {
     paintedThumb_ = Thumb();
     if (!hasFocus()) return;
     QPainter painter(this);
-    const QColor highlight = palette().color(QPalette::Highlight);
-    DrawEdges(painter, rect(), highlight);
-    DrawEdges(painter, rect().adjusted(1, 1, -1, -1), highlight);
+    DrawFocusFrame(painter, *this);
 }
 
 QRect PanelScrollBar::Thumb() const {

@@ -8,6 +8,7 @@
 #include "display/controls.h"
 #include "display/experiment_caption.h"
 #include "display/line_plots.h"
+#include "display/surface.h"
 #include "model/boundary_types.h"
 #include "model/experiment_state.h"
 #include "model/limits.h"
@@ -81,10 +82,16 @@ struct PlotCaptions {
     std::string Density, Pressure, Velocity;
 };
 
+// The plots are spoken of by their captions.
+void PutPlotCaption(QLabel* label, Surface* plot, const std::string& caption) {
+    PutCaption(label, caption);
+    plot->setAccessibleName(QString::fromStdString(caption + " plot").simplified());
+}
+
 void PutPlotCaptions(Controls& controls, const PlotCaptions& captions) {
-    PutCaption(controls.lblDensityPlot, captions.Density);
-    PutCaption(controls.lblPressurePlot, captions.Pressure);
-    PutCaption(controls.lblVelocityPlot, captions.Velocity);
+    PutPlotCaption(controls.lblDensityPlot, controls.pctDensityPlot, captions.Density);
+    PutPlotCaption(controls.lblPressurePlot, controls.pctPressurePlot, captions.Pressure);
+    PutPlotCaption(controls.lblVelocityPlot, controls.pctVelocityPlot, captions.Velocity);
 }
 
 }  // namespace
