@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 #include <QTest>
 #include <QWheelEvent>
@@ -209,4 +210,39 @@ TEST(CaptionRule, CaptionsAreTakenAsTheyAre) {
     EXPECT_EQ(button.text(), "A&B");
     EXPECT_TRUE(button.shortcut().isEmpty());
     EXPECT_EQ(button.accessibleName(), "A&B");
+}
+
+// A desktop that is dark lends its colours for every role that the application leaves open.
+TEST(LookRule, LeavesNoColourToTheDesktopAndEveryTextIsReadable) {
+    const QPalette palette = QApplication::palette();
+    const auto light = [](const QColor& colour) {
+        const auto part = [](double channel) { return std::pow(channel, 2.2); };
+        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
+               0.0722 * part(colour.blueF());
+    };
+    const struct {
+        QPalette::ColorRole Text, Ground;
+    } rows[] = {{QPalette::WindowText, QPalette::Window},
+                {QPalette::Text, QPalette::Base},
+                {QPalette::Text, QPalette::AlternateBase},
+                {QPalette::ButtonText, QPalette::Button},
+                {QPalette::PlaceholderText, QPalette::Base},
+                {QPalette::HighlightedText, QPalette::Highlight},
+                {QPalette::ToolTipText, QPalette::ToolTipBase},
+                {QPalette::Link, QPalette::Base},
+                {QPalette::LinkVisited, QPalette::Base}};
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (int role = 0; role < QPalette::NColorRoles; ++role) {
+            if (role == QPalette::NoRole) continue;
+            EXPECT_TRUE(palette.isBrushSet(group, static_cast<QPalette::ColorRole>(role)))
+                << group << ", " << role;
+        }
+        for (const auto& row : rows) {
+            const double one = light(palette.color(group, row.Text)) + 0.05;
+            const double other = light(palette.color(group, row.Ground)) + 0.05;
+            EXPECT_GE(std::max(one, other) / std::min(one, other),
+                      group == QPalette::Disabled ? 2.0 : 4.5)
+                << group << ", " << row.Text << " on " << row.Ground;
+        }
+    }
 }

@@ -23,14 +23,17 @@ void UseFixedLook() {
     QPalette light(face);
     light.setColor(QPalette::Base, Qt::white);
     light.setColor(QPalette::AlternateBase, QColor(245, 245, 242));
-    light.setColor(QPalette::Text, Qt::black);
-    light.setColor(QPalette::WindowText, Qt::black);
-    light.setColor(QPalette::ButtonText, Qt::black);
+    for (const auto text : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        light.setColor(text, Qt::black);
+        light.setColor(QPalette::Disabled, text, QColor(120, 120, 120));  // only in boxes
+    }
     light.setColor(QPalette::PlaceholderText, QColor(110, 110, 110));
     light.setColor(QPalette::Highlight, highlight);
     light.setColor(QPalette::HighlightedText, Qt::white);
     light.setColor(QPalette::ToolTipBase, QColor(255, 255, 225));
     light.setColor(QPalette::ToolTipText, Qt::black);
+    light.setColor(QPalette::Link, highlight);
+    light.setColor(QPalette::LinkVisited, QColor(120, 50, 140));
     QApplication::setStyle("Fusion");
     QApplication::setPalette(light);
 }
