@@ -1,5 +1,7 @@
 // Set-up files, written and read through the panel's buttons.
+#include <QCursor>
 #include <QFile>
+#include <QGuiApplication>
 #include <QTemporaryDir>
 #include <functional>
 #include <vector>
@@ -172,4 +174,30 @@ TEST_F(PanelFiles, RaiseToTheFloorsWhatTheFileHasBelow) {
     EXPECT_EQ(state.Rho[1], 1e-8);
     EXPECT_EQ(state.P[400], 1e-8);
     EXPECT_TRUE(std::isfinite(state.DTime) && state.DTime > 0.0);
+}
+
+TEST_F(PanelFiles, ShowABusyPointerWhileManyPointsAreReplayed) {
+    const auto isBusySeen = [&](const std::function<void()>& action) {
+        bool isBusy = false;
+        const auto watch = QObject::connect(controls.txtMSelected, &QLineEdit::textChanged, [&] {
+            const QCursor* const pointer = QGuiApplication::overrideCursor();
+            isBusy = isBusy || (pointer != nullptr && pointer->shape() == Qt::WaitCursor);
+        });
+        action();
+        QObject::disconnect(watch);
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr) << "it is given back";
+        return isBusy;
+    };
+    controls.txtNGridCells->setText("600");
+    EXPECT_FALSE(isBusySeen([&] { controls.txtNGridCells->setText("500"); })) << "six points";
+    Write("few.txt");
+    QByteArray text =
+        Load("few.txt").replace("\"NSelected\",            6", "\"NSelected\",            500");
+    text.truncate(text.indexOf("\"VX\"") + 6);
+    for (int k = 0; k <= 501; ++k) text += QByteArray::number(k) + ",0,1,1,0\r\n";
+    Save("many.txt", text);
+    EXPECT_TRUE(isBusySeen([&] { Read("many.txt"); }));
+    ASSERT_EQ(state.NSelected, 500);
+    EXPECT_TRUE(isBusySeen([&] { controls.txtNGridCells->setText("700"); }));
+    EXPECT_TRUE(isBusySeen([&] { panel.Press("cmdReset"); }));
 }

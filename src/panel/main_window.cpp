@@ -1,5 +1,6 @@
 #include "panel/main_window.h"
 
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPaintEvent>
 #include <QPainter>
@@ -32,6 +33,8 @@ QPixmap Shared(const QString& name, QImage (*picture)(const QSize& seen), const 
     }
     return pixmap;
 }
+
+constexpr qint64 LongestUnfeltTick = 100;  // milliseconds
 
 CaptionAlignment AlignmentOf(bool isCentred) {
     return isCentred ? CaptionAlignment::Centred : CaptionAlignment::Left;
@@ -235,7 +238,18 @@ void frmTernlow::ConnectKeys() {
 // Nothing but the tick may ever be connected to the metronome: what holds the tick blocks the
 // timer's signals.
 void frmTernlow::ConnectTimer() {
-    connect(controls.*Metronome.Control, &QTimer::timeout, this, Runs(Metronome.Tick));
+    connect(controls.*Metronome.Control, &QTimer::timeout, this, [this] {
+        QElapsedTimer clock;
+        clock.start();
+        Metronome.Tick(state, controls);
+        ShowWhetherPressesWait(state.Stopped == 0 && clock.elapsed() > LongestUnfeltTick);
+    });
+}
+
+// A press waits for the end of the tick.
+void frmTernlow::ShowWhetherPressesWait(bool wait) {
+    const Qt::CursorShape shape = wait ? Qt::BusyCursor : Qt::ArrowCursor;
+    if (cursor().shape() != shape) setCursor(shape);
 }
 
 // Rectangle by rectangle: for the whole picture behind many small controls the toolkit would wake

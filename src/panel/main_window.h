@@ -35,6 +35,7 @@ private:
     void ConnectPresses();
     void ConnectKeys();
     void ConnectTimer();
+    void ShowWhetherPressesWait(bool wait);
 
     QFont FontOf(const PanelFont& font) const;
     template <typename Row>

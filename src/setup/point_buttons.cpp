@@ -11,6 +11,7 @@
 #include "model/experiment_state.h"
 #include "model/number_text.h"
 #include "model/run_stage.h"
+#include "panel/busy_pointer.h"
 #include "panel/value_entry.h"
 #include "setup/control_points.h"
 #include "setup/grid.h"
@@ -77,6 +78,7 @@ void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
 
 void cmdReset_Click(ExperimentState& state, Controls& controls) {
     if (!IsBeforeRun(state)) return;
+    const BusyPointer busy(state);
     {
         const PlotsUnseen unseen(controls);
         for (int k = state.NSelected - 1; k >= 2; --k) {

@@ -12,6 +12,7 @@
 #include "model/experiment_state.h"
 #include "model/gas.h"
 #include "model/number_text.h"
+#include "panel/busy_pointer.h"
 #include "panel/run_parameters.h"
 #include "panel/value_entry.h"
 #include "setup/grid.h"
@@ -118,6 +119,7 @@ void ReplayPoints(ExperimentState& state, Controls& controls) {
 }  // namespace
 
 void ApplySetUp(ExperimentState& state, Controls& controls) {
+    const BusyPointer busy(state);
     AllocateArrays(state);
     InitSmokePattern(state);
     FillFromList(state);

@@ -1,0 +1,21 @@
+#include "panel/busy_pointer.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+#include "model/experiment_state.h"
+
+namespace {
+
+// So many points are replayed or taken off in about 50 ms.
+constexpr int QuickPoints = 300;
+
+}  // namespace
+
+BusyPointer::BusyPointer(const ExperimentState& state) : isShown_(state.NSelected > QuickPoints) {
+    if (isShown_) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+BusyPointer::~BusyPointer() {
+    if (isShown_) QGuiApplication::restoreOverrideCursor();
+}
