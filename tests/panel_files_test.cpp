@@ -1,8 +1,13 @@
 // Set-up files, written and read through the panel's buttons.
+#include <sys/resource.h>
+#include <sys/stat.h>
+
 #include <QCursor>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTemporaryDir>
+#include <csignal>
 #include <functional>
 #include <vector>
 
@@ -36,6 +41,23 @@ protected:
     }
 
     QTemporaryDir folder;
+};
+
+// For as long as it lives no byte can be written to any file.
+class FullDisk {
+public:
+    FullDisk() {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit none{0, former_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &former_); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit former_{};
 };
 
 // The fields of cells 0..N+1 and what a run starts from.
@@ -153,7 +175,16 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
         ASSERT_EQ(cancelled.Seen().size(), 1u);
         EXPECT_EQ(cancelled.Seen()[0].Message, "All Files (*.*) (*)|Text Files (*.txt) (*.txt)");
     }
+    {
+        const FullDisk full;
+        Write("kept.txt");
+    }
     EXPECT_EQ(Load("kept.txt"), kept);
+    const QString pipe = folder.filePath("pipe.txt");
+    ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
+    Read("pipe.txt");  // nobody writes into it: whoever opened it would wait
+    Write("pipe.txt");
+    EXPECT_FALSE(QFileInfo(pipe).isFile());
     Write("no-ending");
     EXPECT_FALSE(Load("no-ending.txt").isEmpty());
     Save("plain", kept);

@@ -24,7 +24,10 @@ void PrepareDialog(CommonDialog& dialog) {
     dialog.FilterIndex = 2;
 }
 
+// What is there and is no plain file, say a pipe or a device, is left alone.
 void ReplaceFile(const QString& name, const std::string& text) {
+    const QFileInfo former(name);
+    if (former.exists() && !former.isFile()) return;
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly)) return;
     file.write(text.data(), static_cast<qint64>(text.size()));
@@ -36,10 +39,13 @@ void ReplaceFile(const QString& name, const std::string& text) {
     }
 }
 
-// Nothing for what is no plain file, cannot be read or is far too long.
+// Nothing for what is no plain file, is empty, cannot be read or is far too long. What the system
+// makes up as it is read has no size, and its reader may wait for ever.
 std::optional<std::string> ContentOf(const QString& name) {
+    const QFileInfo info(name);
+    if (!info.isFile() || info.size() == 0 || info.size() > LargestFile) return std::nullopt;
     QFile file(name);
-    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
     const QByteArray content = file.read(LargestFile + 1);
     if (content.size() > LargestFile) return std::nullopt;
     return content.toStdString();
