@@ -17,9 +17,7 @@ protected:
     // The stored density of a cell.
     double Stored(int s, int i) { return state.SRho[(state.NGridCells + 2) * s + i]; }
 
-    static void PressAt(Surface* surface, double partX, double partY) {
-        const QPoint place(qRound(partX * (surface->width() - 1)),
-                           qRound(partY * (surface->height() - 1)));
+    static void PressAt(Surface* surface, QPoint place) {
         QTest::mousePress(surface, Qt::LeftButton, {}, place);
         QTest::mouseRelease(surface, Qt::LeftButton, {}, place);
     }
@@ -68,7 +66,7 @@ TEST_F(PanelBrowsing, NeverLoadsAStateThatWasNeverStored) {
         EXPECT_EQ(state.Rho[100], 1.4) << s;
         EXPECT_GT(state.Rho[350], 0.0) << s;
     }
-    PressAt(controls.pctSpaceTime, 0.5, 0.3);
+    PressAt(controls.pctSpaceTime, {226, 58});
     EXPECT_EQ(state.Rho[100], 1.4);
     panel.Press("cmdContinue");
     EXPECT_EQ(state.Rho[100], 1.4);
@@ -82,23 +80,23 @@ TEST_F(PanelBrowsing, DoesNotMoveWhileARunGoes) {
     const int last = state.StoredStateNumber;
     controls.vsbStoredStateNumber->setValue(1);
     controls.txtStoredStateNumber->setText("2");
-    PressAt(controls.pctSpaceTime, 0.5, 0.5);
+    PressAt(controls.pctSpaceTime, {226, 96});
     EXPECT_EQ(state.Rho[150], rho);
     EXPECT_EQ(state.StoredStateNumber, last);
 }
 
 TEST_F(PanelBrowsing, PicksACellInAPlotAtAnyTime) {
-    const std::pair<double, int> rows[] = {{0.0, 1}, {1.0, 400}, {0.5, 200}};
+    // The plots are 453 pixels wide: a pixel is 0.88 of a cell.
+    const std::pair<int, int> rows[] = {{0, 1}, {1, 1}, {2, 2}, {226, 200}, {451, 399}, {452, 400}};
     for (const bool running : {false, true}) {
         if (running) panel.Press("cmdBegin");
         panel.Tick(2);
         for (Surface* plot :
              {controls.pctDensityPlot, controls.pctPressurePlot, controls.pctVelocityPlot}) {
-            for (const auto& [part, cell] : rows) {
-                PressAt(plot, part, 0.9);
-                EXPECT_NEAR(state.MSelected, cell, 1) << part;
-                EXPECT_TRUE(state.MSelected >= 1 && state.MSelected <= 400) << part;
-                EXPECT_EQ(Text("txtMSelected").toInt(), state.MSelected);
+            for (const auto& [x, cell] : rows) {
+                PressAt(plot, {x, 170});
+                EXPECT_EQ(state.MSelected, cell) << x;
+                EXPECT_EQ(Text("txtMSelected").toInt(), cell);
             }
         }
     }
@@ -106,17 +104,17 @@ TEST_F(PanelBrowsing, PicksACellInAPlotAtAnyTime) {
 
 TEST_F(PanelBrowsing, PicksAStoredStateInThePicture) {
     RunTest1();
+    ASSERT_EQ(state.NStored, 96);  // on 193 rows of pixels
     const struct {
-        double partX, partY;
+        QPoint place;
         int state, cell;
-    } rows[] = {{0.0, 1.0, 1, 1},     // the bottom pixel is above state 0 by half a state
-                {0.5, 0.0, 95, 200},  // the top half row is limited to the last state
-                {1.0, 0.5, 48, 400}};
+    } rows[] = {
+        {{0, 192}, 0, 1}, {{2, 191}, 1, 2},   {{452, 96}, 48, 400}, {{451, 4}, 94, 399},
+        {{2, 3}, 95, 2},  {{226, 0}, 95, 200}};  // the top half row is limited to the last state
     for (const auto& row : rows) {
-        PressAt(controls.pctSpaceTime, row.partX, row.partY);
-        EXPECT_NEAR(state.StoredStateNumber, row.state, 1);
-        EXPECT_LE(state.StoredStateNumber, 95);
-        EXPECT_NEAR(state.MSelected, row.cell, 1);
+        PressAt(controls.pctSpaceTime, row.place);
+        EXPECT_EQ(state.StoredStateNumber, row.state) << row.place.y();
+        EXPECT_EQ(state.MSelected, row.cell) << row.place.x();
         EXPECT_EQ(controls.vsbStoredStateNumber->value(), state.StoredStateNumber);
         EXPECT_EQ(state.Rho[150], Stored(state.StoredStateNumber, 150));
     }
@@ -196,6 +194,6 @@ TEST_F(PanelBrowsing, LeavesThePictureAloneBeforeTwoStatesAreStored) {
     const QImage picture = controls.pctSpaceTime->Image().copy();
     panel.Press("cmdRestart");
     ChooseGray(2);
-    PressAt(controls.pctSpaceTime, 0.5, 0.5);
+    PressAt(controls.pctSpaceTime, {226, 96});
     EXPECT_EQ(controls.pctSpaceTime->Image(), picture);
 }

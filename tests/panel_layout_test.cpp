@@ -144,6 +144,52 @@ TEST(PanelLayout, MakesEveryControlAsItsRowSays) {
     EXPECT_EQ(form.size(), QSize(1000, 766));
 }
 
+// The rows themselves, by a sample of each kind.
+TEST(PanelLayout, HasRowsThatSayWhatTheDesignSays) {
+    const frmTernlow form;
+    // clang-format off
+    const struct {
+        const char* name;
+        QRect pixels;
+        const char *text, *toolTip;
+        int fontPixels;
+    } rows[] = {
+        {"cmdBegin", {896, 88, 81, 65}, "Begin", "Press to begin the calculation (from the beginning).", 18},
+        {"cmdBoundaryConditionType", {476, 8, 41, 25}, "Bdrys", "Click here to clear the plotting windows.", 11},
+        {"cmdNumericalScheme", {472, 704, 49, 41}, "  PPM?   Mflops?", "Click here to select the difference scheme.", 11},
+        {"cmdDeselect", {321, 8, 74, 25}, "Deselect", "Press to deselect the present grid cell", 13},
+        {"cmdTest5", {544, 704, 97, 41}, "Test 5", "Click here to set up for Test 5.", 24},
+        {"txtNGridCells", {8, 8, 89, 25}, " 501", "enter the number of grid cells here", 13},
+        {"txtPressure", {8, 104, 89, 25}, "1.0", "Enter the pressure of the selected grid cell here.", 13},
+        {"txtTime", {464, 624, 89, 25}, " t = 0.0", "The time corresponding to the plots presently displayed appears in this window.", 13},
+        {"txtVelocityMax", {360, 624, 89, 25}, " 1.0", "The maximum velocity value for the y-axis is shown here.", 13},
+        {"lblNGridCells", {112, 8, 121, 25}, "N Grid Cells", "The number of mass points may not exceed 5000", 13},
+        {"lblStoredState", {476, 104, 41, 25}, "Stored  State", "The stored state corresponding to the dump number in the box below is now displayed.", 11},
+        {"lblVelocityPlot", {64, 624, 337, 25}, "Velocity", "The plot above shows the velocity distribution.", 19},
+        {"pctPressurePlot", {528, 168, 453, 193}, nullptr, "The plot of the pressure distribution appears in this window.", 0},
+        {"hsbVelocity", {256, 136, 205, 25}, nullptr, "", 0},
+        {"vsbStoredStateNumber", {476, 168, 41, 441}, nullptr, "", 0},
+        {"lstGrayVariable", {568, 624, 161, 26}, nullptr, "Select the variable to appear in the grayscale space-time display.", 19},
+    };
+    // clang-format on
+    for (const auto& row : rows) {
+        const auto* control = form.findChild<QWidget*>(row.name);
+        ASSERT_NE(control, nullptr) << row.name;
+        EXPECT_EQ(control->geometry(), row.pixels) << row.name;
+        EXPECT_EQ(control->toolTip(), row.toolTip) << row.name;
+        if (row.text != nullptr) {
+            EXPECT_EQ(control->property("text").toString(), row.text);
+        }
+        if (row.fontPixels != 0) {
+            EXPECT_EQ(control->font().pixelSize(), row.fontPixels) << row.name;
+        }
+    }
+    EXPECT_EQ(form.windowTitle(), "Morvane 1-D Eulerian Gamma-Law Gas Dynamics Experiment");
+    EXPECT_EQ(form.controls.cmdContinue->palette().color(QPalette::Button), QColor(0, 0xC0, 0));
+    EXPECT_EQ(form.controls.lblMSec->palette().color(QPalette::Window), QColor(0xC0, 0, 0));
+    EXPECT_EQ(form.controls.lblMSec->palette().color(QPalette::WindowText), QColor(0, 0xFF, 0));
+}
+
 // What a screen reader says of every control, and nothing that has the focus sounds like another.
 TEST(PanelLayout, TellsAScreenReaderWhatEveryControlIs) {
     const frmTernlow form;

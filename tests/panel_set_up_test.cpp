@@ -137,11 +137,6 @@ TEST_F(PanelSetUp, SetsUpSoundWaves) {
     const BoxAnswers answers({"0.01", "2", std::nullopt, "0", "0.005", "none", "-1"});
     panel.Press("cmdSoundWave");
     ASSERT_EQ(answers.Seen().size(), 7u);
-    EXPECT_EQ(answers.Seen()[1].Title, "Get R+ Frequency");
-    EXPECT_EQ(answers.Seen()[1].Message,
-              "Type the frequency of the R+ Riemann invariant  (1 = fundamental,  2 = first "
-              "harmonic, etc.):");
-    EXPECT_EQ(answers.Seen()[6].Default, "-1");
     EXPECT_EQ(state.SoundWaveMode, 1);
     EXPECT_EQ(state.RPlusFreq, 2);
     EXPECT_EQ(state.RMinusAmp, 0.0) << "a cancelled prompt keeps the value";
@@ -228,9 +223,12 @@ TEST_F(PanelSetUp, MetersARunFromItsFirstStep) {
 
 TEST_F(PanelSetUp, LaysCurvesOverOneAnotherOnRequest) {
     const auto ink = [&] {
-        const QImage image =
-            controls.pctPressurePlot->Image().convertToFormat(QImage::Format_Grayscale8);
-        return std::count(image.constBits(), image.constBits() + image.sizeInBytes(), 0);
+        const QImage image = controls.pctPressurePlot->Image();
+        int black = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) black += qGray(image.pixel(x, y)) == 0 ? 1 : 0;
+        }
+        return black;
     };
     panel.Type("txtMSelected", "100");
     const auto single = ink();
@@ -304,6 +302,7 @@ TEST_F(PanelSetUp, AsksWordForWord) {
     const QString scheme =
         "Type the name of the numerical scheme.  Choose from:  Kestrel (64-bit), Kestrel32, "
         "Heron32, or Plover (32-bit).";
+    const QString harmonics = "  (1 = fundamental,  2 = first harmonic, etc.):";
     const QString guide =
         "The documentation for this utility program is contained in the file\n"
         "Ternlow-Users-Guide-9-1-01.doc\n"
@@ -320,6 +319,13 @@ TEST_F(PanelSetUp, AsksWordForWord) {
                               {"Get wavhaf", "Type the value of the PPM shock diffusion constant, wavhaf", "1"}}},
         {"cmdGetTitle", {{"Get ID and Title", "Enter your name, the date, and a title for this experiment:", ""}}},
         {"cmdDocumentation", {{panel.Form().windowTitle(), guide, ""}}},
+        {"cmdSoundWave", {{"Get R+ Amplitude", "Type the amplitude of the R+ Riemann invariant", "1"},
+                          {"Get R+ Frequency", "Type the frequency of the R+ Riemann invariant" + harmonics, "1"},
+                          {"Get R- Amplitude", "Type the amplitude of the R- Riemann invariant", "0"},
+                          {"Get R- Frequency", "Type the frequency of the R- Riemann invariant" + harmonics, "1"},
+                          {"Get R0 Amplitude", "Type the amplitude of the R0 Riemann invariant", "0"},
+                          {"Get R0 Frequency", "Type the frequency of the R0 Riemann invariant" + harmonics, "1"},
+                          {"Get U0 Value", "Type the average velocity", "-1"}}},
     };
     // clang-format on
     for (const auto& row : rows) {

@@ -58,6 +58,19 @@ TEST(Prompt, GivesTheAnswerAsTypedAndNothingForCancel) {
     EXPECT_EQ(Prompt(form.controls, "Type it", "Title", "kept", PromptPlace::Centred), "");
 }
 
+TEST(Prompt, TakesEnterForOkAndEscapeForCancel) {
+    frmTernlow form;
+    for (const auto& [key, answer] : {std::pair(Qt::Key_Return, "0.3"), {Qt::Key_Escape, ""}}) {
+        WhenOpen<QInputDialog>([key = key](QInputDialog& box) { QTest::keyClick(&box, key); });
+        EXPECT_EQ(Prompt(form.controls, "Type it", "Get difcon", "0.3"), answer);
+        WhenOpen<QMessageBox>([key = key](QMessageBox& box) { QTest::keyClick(&box, key); });
+        ShowMessage(form.controls, "read it");  // comes back
+    }
+    WhenOpen<QFileDialog>([](QFileDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    form.controls.CommonDialog1->Open();
+    EXPECT_EQ(form.controls.CommonDialog1->FileName, "");
+}
+
 TEST(Prompt, HoldsTheTicksWhileABoxIsOpen) {
     frmTernlow form;
     int ticks = 0;
