@@ -1,7 +1,7 @@
 // The lean scheme, in 32-bit floats.
 #include "schemes/entry_adapter.h"
+#include "schemes/predictor_corrector_step.h"
 #include "schemes/scheme_entry_points.h"
-#include "schemes/traced_step.h"
 
 extern "C" [[gnu::visibility("default")]] void PLOVER(
     const float* edges, const float* density1, const float* /*density2*/, const float* /*density3*/,
@@ -26,6 +26,5 @@ extern "C" [[gnu::visibility("default")]] void PLOVER(
                                                transverseResult, noSmokeResult, *boundary);
     const StepConstants<float> constants = {*timeStep, *gamma, *rhoFloor, *auxFloor, *pFloor,
                                             *vFloor,   0.3F,   0.2F,      1.0F};
-    *courant = std::max(
-        *courant, AdvanceTraced<StepParts{false, false}>(strip, constants, result, opCounters));
+    *courant = std::max(*courant, AdvancePredictorCorrector(strip, constants, result, opCounters));
 }

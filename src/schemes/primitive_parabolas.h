@@ -1,0 +1,163 @@
+// Limited parabolas of density, velocity and pressure, each by itself, from work that neighbouring
+// cells share: a slope for each cell, and from the slopes a value at each edge.
+#pragma once
+
+#include "schemes/arithmetic.h"
+#include "schemes/jump_steepening.h"
+#include "schemes/parabola.h"
+#include "schemes/strip.h"
+
+// The parabolas of a row of cells, each in two forms: with limited edge values, but not monotone
+// yet, and with unlimited ones, for cells both of whose edges lie in smooth data (1, else 0).
+template <typename Float>
+struct RoughParabolas {
+    Parabolas<Float> Limited, Unlimited;
+    Row<Float> SmoothEdge;
+    Row<Float> HalfSlope;  // half of the limited slope
+};
+
+// Half the slope of a cell between the differences to its two neighbours: half their mean, but no
+// more than the smaller one, and 0 at an extremum.
+template <typename Float>
+[[gnu::always_inline]] inline Float LimitedHalfSlope(Float left, Float right) {
+    const Float zero = Float(0);
+    const Float low = Least(Most(left, right), zero);
+    const Float high = Most(Least(left, right), zero);
+    return Between(low, Float(0.25) * (left + right), high);
+}
+
+// Fills both forms for cells first..last. Edge values are of fourth order (J. Comput. Phys. 54, 174
+// (1984), eqs. 1.6 to 1.8). The data around an edge are smooth where the second differences of the
+// two cells beside it have one sign and agree within a factor of 1.5, so that the third difference
+// is at most a fifth of their sum. Reads cells first-2..last+2.
+template <typename Float>
+void InterpolateEdges(const Float* a, RoughParabolas<Float>& parabolas, int first, int last) {
+    const Float third = Float(1.0 / 3.0);
+    const Float twelfth = Float(1.0 / 12.0);
+    Float* halfSlope = parabolas.HalfSlope.Origin();
+    Float* limitedLeft = parabolas.Limited.FromLeft.Origin();
+    Float* limitedRight = parabolas.Limited.ToRight.Origin();
+    Float* fromLeft = parabolas.Unlimited.FromLeft.Origin();
+    Float* toRight = parabolas.Unlimited.ToRight.Origin();
+    Float* smoothEdge = parabolas.SmoothEdge.Origin();
+#pragma omp simd
+    for (int i = first - 1; i <= PaddedLast(first - 1, last + 1); ++i)
+        halfSlope[i] = LimitedHalfSlope(a[i] - a[i - 1], a[i + 1] - a[i]);
+#pragma omp simd
+    for (int i = first; i <= PaddedLast(first, last + 1); ++i) {
+        const Float left = a[i - 1] - a[i - 2];
+        const Float here = a[i] - a[i - 1];
+        const Float right = a[i + 1] - a[i];
+        const Float bends = right - left;
+        const Float turn = (right - here) - (here - left);
+        const Float middle = Float(0.5) * here;
+        const Float unlimited = twelfth * bends;
+        const Float limited = third * (halfSlope[i] - halfSlope[i - 1]);
+        toRight[i - 1] = middle - unlimited;
+        fromLeft[i] = middle + unlimited;
+        limitedRight[i - 1] = middle - limited;
+        limitedLeft[i] = middle + limited;
+        smoothEdge[i] = Choose(Size(turn) <= Float(0.2) * Size(bends), Float(1), Float(0));
+    }
+}
+
+// Whether a jump of density in cell i is a contact: the relative difference of pressure is below a
+// tenth of gamma of that of the density, which is more than a tenth (eq. 3.2 there).
+template <typename Float>
+[[gnu::always_inline]] inline bool IsEvenJump(const StripState<Float>& strip, Float gamma, int i) {
+    const Float* rho = strip.Rho;
+    const Float* p = strip.P;
+    const Float rise = Size(rho[i + 1] - rho[i - 1]);
+    const Float leastRho = Least(rho[i + 1], rho[i - 1]);
+    const Float rush = Size(p[i + 1] - p[i - 1]);
+    const Float leastP = Least(p[i + 1], p[i - 1]);
+    return (rush * leastRho < Float(0.1) * gamma * (rise * leastP)) &
+           (rise > Float(0.1) * leastRho);
+}
+
+// Gives the densities at the edges of cells that hold a contact what the neighbours expect there
+// from their own slopes, which the contact does not reach (eq. 1.14 there), by the square of the
+// share of the jump: a smooth slope that shows a small one is left alone. Cells first..last, a
+// whole number of chunks; returns how many of them lie in chunks that hold a contact.
+template <typename Float>
+int SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas<Float>& density, int first,
+                    int last) {
+    const Float* rho = strip.Rho;
+    const Float* halfSlope = density.HalfSlope.Origin();
+    Float* fromLeft = density.Limited.FromLeft.Origin();
+    Float* toRight = density.Limited.ToRight.Origin();
+    int steepened = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const auto holdsContact = [&](int i) {
+            return IsEvenJump(strip, gamma, i) & Jump<Float>(rho, i).IsOne();
+        };
+        if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
+        steepened += CellsAtOnce;
+#pragma omp simd
+        for (int i = chunk; i < chunk + CellsAtOnce; ++i) {
+            const Float share = Jump<Float>(rho, i).Share();
+            const Float part = Choose(IsEvenJump(strip, gamma, i), share * share, Float(0));
+            const Float below = (rho[i] - rho[i - 1]) - halfSlope[i - 1];
+            const Float above = (rho[i + 1] - rho[i]) - halfSlope[i + 1];
+            fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);
+            toRight[i] = toRight[i] + part * (above - toRight[i]);
+        }
+    }
+    return steepened;
+}
+
+// Whether nine tenths of a rise of pressure by more than three tenths, in a compression, fall on
+// the two cells beside cell i: a shock as thin as the grid can hold (compare eq. A.1 there).
+template <typename Float>
+[[gnu::always_inline]] inline bool IsInThinShock(const Float* p, const Float* u, int i) {
+    const Float near = Size(p[i + 1] - p[i - 1]);
+    const Float far = Size(p[i + 2] - p[i - 2]);
+    const Float least = Least(p[i + 1], p[i - 1]);
+    return (near > Float(0.9) * far) & (near > Float(0.3) * least) & (u[i - 1] > u[i + 1]);
+}
+
+// Halves the parabolas of the cells in thin shocks among first..last, a whole number of chunks.
+// Returns how many of them lie in chunks that hold one.
+template <typename Float>
+int FlattenThinShocks(StripState<Float> strip, RoughParabolas<Float>& density,
+                      RoughParabolas<Float>& velocity, RoughParabolas<Float>& pressure, int first,
+                      int last) {
+    const Float* p = strip.P;
+    const Float* u = strip.Ux;
+    int flattened = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        if (!AnyInChunk<Float>(chunk, [=](int i) { return IsInThinShock(p, u, i); })) continue;
+        flattened += CellsAtOnce;
+        Float steepness[CellsAtOnce];
+#pragma omp simd
+        for (int i = 0; i < CellsAtOnce; ++i)
+            steepness[i] = Choose(IsInThinShock(p, u, chunk + i), Float(0.5), Float(1));
+        for (RoughParabolas<Float>* rough : {&density, &velocity, &pressure}) {
+            for (Parabolas<Float>* form : {&rough->Limited, &rough->Unlimited}) {
+#pragma omp simd
+                for (int i = 0; i < CellsAtOnce; ++i) {
+                    form->FromLeft[chunk + i] = steepness[i] * form->FromLeft[chunk + i];
+                    form->ToRight[chunk + i] = steepness[i] * form->ToRight[chunk + i];
+                }
+            }
+        }
+    }
+    return flattened;
+}
+
+// The rises of cell i: of its limited form, made monotone (eq. 1.10 there), or of the unlimited one
+// in smooth data, so that crests keep their height.
+template <typename Float>
+[[gnu::always_inline]] inline void ParabolaOf(const RoughParabolas<Float>& parabolas, int i,
+                                              Float& fromLeft, Float& toRight) {
+    const Float zero = Float(0);
+    const Float below = parabolas.Limited.FromLeft[i];
+    const Float above = parabolas.Limited.ToRight[i];
+    const Float mostBelow = Float(2) * above;
+    const Float mostAbove = Float(2) * below;
+    const Float belowCut = Between(Least(mostBelow, zero), below, Most(mostBelow, zero));
+    const Float aboveCut = Between(Least(mostAbove, zero), above, Most(mostAbove, zero));
+    const bool smooth = parabolas.SmoothEdge[i] + parabolas.SmoothEdge[i + 1] > Float(1.5);
+    fromLeft = Choose(smooth, parabolas.Unlimited.FromLeft[i], belowCut);
+    toRight = Choose(smooth, parabolas.Unlimited.ToRight[i], aboveCut);
+}

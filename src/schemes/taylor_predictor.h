@@ -1,0 +1,100 @@
+// The predictor of the two-stage step: what each cell holds at its edges, in the mean over the time
+// step, from the equations of motion inside the cell alone.
+#pragma once
+
+#include "schemes/cell_preparation.h"
+#include "schemes/characteristic_tracing.h"
+#include "schemes/primitive_parabolas.h"
+
+// Fills what this step reads of the rows for cells first..last (StepPerWidth, StepPerMass, Signal)
+// and returns the Courant number of cells 1..n.
+//   scratch   cells 1..n
+template <typename Float>
+Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
+                     CellRows<Float>& cells, int first, int last) {
+    const int n = strip.Cells;
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float width = strip.Edges[i + 1] - strip.Edges[i];
+        const Float perBoth = Float(1) / (width * strip.Rho[i]);
+        cells.StepPerWidth[i] = timeStep * (perBoth * strip.Rho[i]);
+        cells.StepPerMass[i] = timeStep * perBoth;
+        cells.Signal[i] = Size(strip.Ux[i]) + Root(gamma * (strip.P[i] * (perBoth * width)));
+    }
+#pragma omp simd
+    for (int i = 1; i <= n; ++i) scratch[i] = cells.Signal[i] * cells.StepPerWidth[i];
+    return Largest(scratch.Origin(), 1, n);
+}
+
+// Changes across a cell, or of a cell during a step.
+template <typename Float>
+struct Changes {
+    Float Rho, Ux, P;
+};
+
+// The matrix of the equations of motion in density, velocity and pressure, times the step over the
+// width of the cell.
+template <typename Float>
+struct Motion {
+    Float Drift;      // from the velocity
+    Float Density;    // from the density
+    Float PerMass;    // step over mass
+    Float Stiffness;  // from the pressure times gamma
+};
+template <typename Float>
+[[gnu::always_inline]] inline Changes<Float> Apply(const Motion<Float>& motion,
+                                                   const Changes<Float>& across) {
+    return {motion.Drift * across.Rho + motion.Density * across.Ux,
+            motion.Drift * across.Ux + motion.PerMass * across.P,
+            motion.Drift * across.P + motion.Stiffness * across.Ux};
+}
+
+// The parabolas of the three quantities in the making.
+template <typename Float>
+struct PredictorRows {
+    RoughParabolas<Float> Rho, Ux, P;
+};
+
+// States at the edges of cells first..last, the mean over the step: the right faces give the left
+// states of edges first+1..last+1, the left faces the right states of edges first..last. With M the
+// matrix of motion, the parabola at its faces is, from the Taylor series of q(x - M t),
+//     q + above + M (bend - above - M bend)    on the right, with bend = below - above,
+//     q - below - M (bend + below + M bend)    on the left,
+// below and above being its rises on either side of the average. For one kind of wave this is just
+// the average over the part of the cell that the wave sweeps. A face keeps a twentieth of the
+// cell's density and pressure at least.
+template <typename Float>
+void PredictEdgeStates(StripState<Float> strip, const CellRows<Float>& cells, Float gamma,
+                       const PredictorRows<Float>& rows, EdgeStates<Float>& states, int first,
+                       int last) {
+    const Float least = Float(0.05);
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float rho = strip.Rho[i];
+        const Float u = strip.Ux[i];
+        const Float p = strip.P[i];
+        const Float ratio = cells.StepPerWidth[i];
+
+        Changes<Float> below, above;
+        ParabolaOf(rows.Rho, i, below.Rho, above.Rho);
+        ParabolaOf(rows.Ux, i, below.Ux, above.Ux);
+        ParabolaOf(rows.P, i, below.P, above.P);
+
+        const Motion<Float> motion = {ratio * u, ratio * rho, cells.StepPerMass[i],
+                                      ratio * (gamma * p)};
+        const Changes<Float> bend = {below.Rho - above.Rho, below.Ux - above.Ux, below.P - above.P};
+        const Changes<Float> bent = Apply(motion, bend);
+        const Changes<Float> rightGain =
+            Apply(motion, {(bend.Rho - above.Rho) - bent.Rho, (bend.Ux - above.Ux) - bent.Ux,
+                           (bend.P - above.P) - bent.P});
+        const Changes<Float> leftLoss =
+            Apply(motion, {(bend.Rho + below.Rho) + bent.Rho, (bend.Ux + below.Ux) + bent.Ux,
+                           (bend.P + below.P) + bent.P});
+        states.RhoLeft[i + 1] = Most(rho + (above.Rho + rightGain.Rho), least * rho);
+        states.UxLeft[i + 1] = u + (above.Ux + rightGain.Ux);
+        states.PLeft[i + 1] = Most(p + (above.P + rightGain.P), least * p);
+        states.RhoRight[i] = Most(rho - (below.Rho + leftLoss.Rho), least * rho);
+        states.UxRight[i] = u - (below.Ux + leftLoss.Ux);
+        states.PRight[i] = Most(p - (below.P + leftLoss.P), least * p);
+    }
+}
