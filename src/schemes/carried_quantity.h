@@ -5,12 +5,20 @@
 
 #include "schemes/conservative_update.h"
 #include "schemes/jump_steepening.h"
+#include "schemes/operation_counts.h"
 
 // Scratch of one quantity at a time.
 template <typename Float>
 struct CarriedRows {
     Parabolas<Float> Shape;
     Row<Float> Jump, EdgeValue;
+};
+
+// What a step works on once it has its fluxes.
+template <typename Float>
+struct UpdateRows {
+    NewState<Float> Next;
+    CarriedRows<Float> Carried;
 };
 
 // The cells that a carried quantity can change in: where it is uniform it stays, to the bit.
@@ -77,22 +85,24 @@ void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFlux
     }
 }
 
-// How many cells the update of a carried quantity had to work on, and in how many of them on jumps.
-struct CarriedWork {
-    int Varying;
-    int Jumping;
-};
+// Cost of a cell in the search for what varies, where a carried quantity varies, where jumps are
+// looked for, and where it has one.
+constexpr CellCost CarriedSearchCost = {0, 0, 0, 1, 0};
+constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
+constexpr CellCost JumpSearchCost = {9, 1, 0, 4, 0};
+constexpr CellCost CarriedJumpCost = {17, 4, 3, 13, 0};
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
 // density.
 template <bool SteepensJumps, typename Float>
-CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
-                          const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
-                          const Row<Float>& newRho, CarriedRows<Float>& rows, Float* result) {
+void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRows<Float>& cells,
+                   const EdgeFluxes<Float>& fluxes, const Row<Float>& newRho,
+                   CarriedRows<Float>& rows, Float* result, int* counters) {
     const int n = strip.Cells;
     std::copy_n(a + 1, n, result + 1);
     const VaryingCells varying = FindVarying(a, n);
-    if (varying.Last < varying.First) return {0, 0};
+    CountOperations(CarriedSearchCost, n, counters);
+    if (varying.Last < varying.First) return;
     const int first = varying.First;
     const int last = PaddedLast(first, varying.Last);
 #pragma omp simd
@@ -101,10 +111,12 @@ CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
                                            a[i + 2] - a[i + 1]},
                         rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
     TraceCarried(a, cells, fluxes, rows, first, last);
-    int jumping = 0;
+    CountOperations(CarriedCost, std::min(last + 1 - first, n), counters);
     if constexpr (SteepensJumps) {
-        jumping = FindJumps(a, rows.Jump, first, last);
+        CountOperations(JumpSearchCost, std::min(last + 1 - first, n), counters);
+        const int jumping = FindJumps(a, rows.Jump, first, last);
         if (jumping > 0) SteepenCarried(a, cells, fluxes, rows, first, last);
+        CountOperations(CarriedJumpCost, std::min(jumping, n), counters);
     }
     const int lastCell = std::min(varying.Last - 1, n);
 #pragma omp simd
@@ -113,5 +125,4 @@ CarriedWork UpdateCarried(const StripState<Float>& strip, const Float* a,
         const Float out = fluxes.Mass[i + 1] * (rows.EdgeValue[i + 1] - a[i]);
         result[i] = a[i] + cells.StepPerWidth[i] * (in - out) / newRho[i];
     }
-    return {last + 1 - first, jumping};
 }

@@ -3,29 +3,18 @@
 #pragma once
 
 #include "schemes/carried_quantity.h"
+#include "schemes/gas_update.h"
 #include "schemes/hllc_flux.h"
 #include "schemes/operation_counts.h"
-#include "schemes/positivity.h"
 #include "schemes/taylor_predictor.h"
 
 namespace predictor_corrector {
 
 // Cost of a cell in what every step does, and in what is done only for the chunks or blocks that
-// need it: where there is a contact or a shock, where the transverse velocity varies, and where
-// failures have to be mended and looked for once more.
-constexpr CellCost GasCost = {131, 113, 5, 85, 3};
+// need it: where there is a contact or a shock.
+constexpr CellCost GasCost = {131, 113, 5, 84, 3};
 constexpr CellCost ContactCost = {19, 9, 1, 7, 0};
 constexpr CellCost ShockCost = {2, 14, 0, 2, 0};
-constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
-constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
-constexpr CellCost SecondLookCost = {0, 2, 0, 6, 0};
-
-// What the corrector works on once the states are predicted.
-template <typename Float>
-struct CorrectorRows {
-    NewState<Float> Next;
-    CarriedRows<Float> Carried;
-};
 
 template <typename Float>
 struct StepRows {
@@ -36,7 +25,7 @@ struct StepRows {
     EdgeFluxes<Float> Fluxes;
     union {  // one after the other, to spare the first-level cache
         PredictorRows<Float> Predictor;
-        CorrectorRows<Float> Corrector;
+        UpdateRows<Float> Corrector;
     };
 
     StepRows() {}
@@ -68,30 +57,6 @@ void Predict(const StripState<Float>& strip, const StepConstants<Float>& constan
     rows.States.UxRight[last + 1] = rows.States.UxLeft[last + 1];
 }
 
-// Brings rows.Corrector.Next to the new density, pressure and velocity of cells 1..n. Returns
-// whether failures had to be mended: twice at most, since a first-order edge can be the ruin of the
-// cell on its other side.
-template <typename Float>
-bool Correct(const StripState<Float>& strip, const StepConstants<Float>& constants,
-             StepRows<Float>& rows, int lastEdge, int* counters) {
-    const int n = strip.Cells;
-    HllcFluxes(rows.States, constants.Gamma, rows.Fluxes, -1, lastEdge);
-    UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.Corrector.Next, -1,
-                PaddedLast(-1, n + 2));
-    for (int pass = 0; pass < 2; ++pass) {
-        if (pass > 0) CountOperations(SecondLookCost, n, counters);
-        if (!MarkFailures(strip, rows.Corrector.Next, rows.Failed, pass - 1, n + 2 - pass))
-            return pass > 0;
-        CountOperations(MendingCost, n, counters);
-        UseFirstOrderFluxes(strip, rows.Cells, rows.Failed, constants.Gamma, rows.Fluxes, pass,
-                            n + 2 - pass);
-        UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.Corrector.Next, pass,
-                    n + 1 - pass);
-    }
-    CountOperations(SecondLookCost, n, counters);
-    return true;
-}
-
 template <typename Float>
 Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& constants,
                    const StripResult<Float>& result, StepRows<Float>& rows, int* counters) {
@@ -101,12 +66,12 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     const Float courant = PrepareSignals(strip, constants.TimeStep, constants.Gamma, rows.Failed,
                                          rows.Cells, FirstPredicted, last);
     Predict(strip, constants, rows, last, counters);
-    const bool mended = Correct(strip, constants, rows, last + 1, counters);
+    HllcFluxes(rows.States, constants.Gamma, rows.Fluxes, -1, last + 1);
+    const bool mended = UpdateGas(strip, rows.Cells, constants.Gamma, rows.Fluxes,
+                                  rows.Corrector.Next, rows.Failed, counters);
     CountOperations(GasCost, n, counters);
-    const CarriedWork work =
-        UpdateCarried<false>(strip, strip.Uy, rows.Cells, rows.Fluxes, rows.Corrector.Next.Rho,
-                             rows.Corrector.Carried, result.Uy);
-    CountOperations(CarriedCost, std::min(work.Varying, n), counters);
+    UpdateCarried<false>(strip, strip.Uy, rows.Cells, rows.Fluxes, rows.Corrector.Next.Rho,
+                         rows.Corrector.Carried, result.Uy, counters);
     return Most(courant, HandOver(strip, rows.Corrector.Next, mended, rows.Failed, result));
 }
 

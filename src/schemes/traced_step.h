@@ -5,8 +5,8 @@
 
 #include "schemes/carried_quantity.h"
 #include "schemes/cell_preparation.h"
+#include "schemes/gas_update.h"
 #include "schemes/operation_counts.h"
-#include "schemes/positivity.h"
 #include "schemes/ripple_damping.h"
 #include "schemes/shock_flattening.h"
 
@@ -27,12 +27,6 @@ constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
 constexpr CellCost ContactSearchCost = {11, 6, 0, 6, 0};
 constexpr CellCost ContactCost = {31, 17, 5, 15, 0};
 constexpr CellCost StrongEdgeCost = {30, 62, 5, 22, 6};
-constexpr CellCost CarriedSearchCost = {0, 0, 0, 1, 0};
-constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
-constexpr CellCost JumpSearchCost = {9, 1, 0, 4, 0};
-constexpr CellCost CarriedJumpCost = {17, 4, 3, 13, 0};
-constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
-constexpr CellCost SecondLookCost = {0, 2, 0, 6, 0};
 
 // What a block is worked on with: some 40 kilobytes, so that it stays in the first-level cache.
 template <typename Float>
@@ -44,10 +38,7 @@ struct StepRows {
     EdgeFluxes<Float> Fluxes;
     union {
         CharacteristicParabolas<Float> Parabolas;  // until the states are traced
-        struct {
-            NewState<Float> Next;
-            CarriedRows<Float> Carried;
-        } After;
+        UpdateRows<Float> After;
     };
 
     StepRows() {}
@@ -84,29 +75,6 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
     rows.States.UxRight[last + 1] = rows.States.UxLeft[last + 1];
 }
 
-// Brings rows.After.Next to the new density, pressure and velocity of cells 1..n. Returns whether
-// failures had to be mended: twice at most, since a first-order edge can be the ruin of the cell on
-// its other side.
-template <typename Float>
-bool UpdateGas(const StripState<Float>& strip, const StepConstants<Float>& constants,
-               StepRows<Float>& rows, int* counters) {
-    const int n = strip.Cells;
-    UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.After.Next, -1,
-                PaddedLast(-1, n + 2));
-    for (int pass = 0; pass < 2; ++pass) {
-        if (pass > 0) CountOperations(SecondLookCost, n, counters);
-        if (!MarkFailures(strip, rows.After.Next, rows.Failed, pass - 1, n + 2 - pass))
-            return pass > 0;
-        CountOperations(MendingCost, n, counters);
-        UseFirstOrderFluxes(strip, rows.Cells, rows.Failed, constants.Gamma, rows.Fluxes, pass,
-                            n + 2 - pass);
-        UpdateCells(strip, rows.Cells, rows.Fluxes, constants.Gamma, rows.After.Next, pass,
-                    n + 1 - pass);
-    }
-    CountOperations(SecondLookCost, n, counters);
-    return true;
-}
-
 template <StepParts Parts, typename Float>
 Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& constants,
                    const StripResult<Float>& result, StepRows<Float>& rows, int* counters) {
@@ -123,17 +91,13 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     const Float wavhaf = Most(constants.Wavhaf, Float(0));
     const Float damping = Float(0.3) * wavhaf / (wavhaf + Float(0.2));
     DampRipples(strip, rows.Cells, damping, rows.Fluxes, -1, lastEdge);
-    const bool mended = UpdateGas(strip, constants, rows, counters);
+    const bool mended = UpdateGas(strip, rows.Cells, constants.Gamma, rows.Fluxes, rows.After.Next,
+                                  rows.Failed, counters);
     CountOperations(GasCost, n, counters);
     const auto updateCarried = [&](const Float* carried, Float* newCarried) {
-        const CarriedWork work =
-            UpdateCarried<Parts.SteepensJumps>(strip, carried, rows.Cells, rows.Fluxes,
-                                               rows.After.Next.Rho, rows.After.Carried, newCarried);
-        const int varying = std::min(work.Varying, n);
-        CountOperations(CarriedSearchCost, n, counters);
-        CountOperations(CarriedCost, varying, counters);
-        if (Parts.SteepensJumps) CountOperations(JumpSearchCost, varying, counters);
-        CountOperations(CarriedJumpCost, std::min(work.Jumping, n), counters);
+        UpdateCarried<Parts.SteepensJumps>(strip, carried, rows.Cells, rows.Fluxes,
+                                           rows.After.Next.Rho, rows.After.Carried, newCarried,
+                                           counters);
     };
     updateCarried(strip.Uy, result.Uy);
     if (strip.Smoke) updateCarried(strip.Smoke, result.Smoke);
