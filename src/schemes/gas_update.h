@@ -1,12 +1,47 @@
 // From the fluxes to the new state of a block, mended where the scheme asks for too much.
 #pragma once
 
+#include <algorithm>
+
 #include "schemes/operation_counts.h"
 #include "schemes/positivity.h"
 
 // Cost of a cell where failures have to be mended, and where they are looked for once more.
 constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
 constexpr CellCost SecondLookCost = {0, 2, 0, 6, 0};
+
+// Cost of a cell in the look for a quiet block, and in one.
+constexpr CellCost QuietSearchCost = {3, 0, 0, 3, 0};
+constexpr CellCost QuietCost = {0, 1, 0, 0, 0};
+
+// Whether the gas of a block is the same in every cell, neighbours included. It then stays as it
+// is, to the bit.
+template <typename Float>
+bool IsQuiet(StripState<Float> strip, int* counters) {
+    const int n = strip.Cells;
+    const Float* rho = strip.Rho;
+    const Float* p = strip.P;
+    const Float* u = strip.Ux;
+    for (int chunk = 2 - NeighbourCells; chunk <= n + NeighbourCells; chunk += CellsAtOnce) {
+        CountOperations(QuietSearchCost, std::clamp(n + 1 - chunk, 0, CellsAtOnce), counters);
+        const auto differs = [=](int i) {
+            const Float waves = Most(Size(p[i] - p[i - 1]), Size(u[i] - u[i - 1]));
+            return Most(waves, Size(rho[i] - rho[i - 1])) > Float(0);
+        };
+        if (AnyInChunk<Float>(chunk, differs)) return false;
+    }
+    return true;
+}
+
+// The outcome of a step for a quiet block, and the mass that passes through its edges 0..n+2.
+template <typename Float>
+void KeepGas(const StripState<Float>& strip, EdgeFluxes<Float>& fluxes, NewState<Float>& next) {
+    const int n = strip.Cells;
+    std::copy_n(strip.Rho + 1, n, &next.Rho[1]);
+    std::copy_n(strip.P + 1, n, &next.P[1]);
+    std::copy_n(strip.Ux + 1, n, &next.Ux[1]);
+    for (int i = 0; i <= n + 2; ++i) fluxes.Mass[i] = strip.Rho[i] * strip.Ux[i];
+}
 
 // Brings `next` to the new density, pressure and velocity of cells 1..n. Returns whether failures
 // had to be mended: twice at most, since a first-order edge can be the ruin of the cell on its
