@@ -5,6 +5,7 @@
 
 #include "model/experiment_state.h"
 #include "model/limits.h"
+#include "model/wide_vectors.h"
 
 StripPlan PlanStrips(int nGridCells, int widestStrip) {
     const int count = (nGridCells + widestStrip - 1) / widestStrip;
@@ -22,14 +23,21 @@ StripArrays<Float>::StripArrays(int width, int boundary) {
     }
 }
 
+namespace {
+
+template <typename Float>
+WIDE_VECTORS void MarkAsNotGiven(Float* results, int count) {
+    for (int i = 0; i < count; ++i) results[i] = std::numeric_limits<Float>::quiet_NaN();
+}
+
+}  // namespace
+
 template <typename Float>
 void StripArrays<Float>::ClearResults(int width, int boundary, bool carriesSmoke) {
-    const int length = width + 2 * boundary + 1;
-    const Float notGiven = std::numeric_limits<Float>::quiet_NaN();
     for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip}) {
-        std::fill_n(array->At(0), length, notGiven);
+        MarkAsNotGiven(array->At(boundary), width);
     }
-    std::fill_n(SmokeStrip.At(0), length, carriesSmoke ? notGiven : Float(0));
+    if (carriesSmoke) MarkAsNotGiven(SmokeStrip.At(boundary), width);
 }
 
 template struct StripArrays<double>;

@@ -31,8 +31,8 @@ struct StripArrays {
     StripArrays() = default;
     StripArrays(int width, int boundary);
 
-    // Marks every cell of the results as not given: one that the library leaves out is no number,
-    // and not what another strip has left there. Smoke is zero where the library carries none.
+    // Marks the real cells of the results as not given: one that the library leaves out is no
+    // number, and not what another strip has left there. Smoke stays zero where none is carried.
     void ClearResults(int width, int boundary, bool carriesSmoke);
 
     // The rows and results are addressed from 0, as they go to the library.
