@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "counting_float.h"
+#include "schemes/lagrangian_remap_step.h"
 #include "schemes/predictor_corrector_step.h"
 #include "schemes/traced_step.h"
 
@@ -28,6 +29,8 @@ struct Sample {
     bool Strong = false;
     bool Shock = false;
     bool Failure = false;
+    bool Steep = false;
+    bool Cold = false;
 };
 
 // A step with one cell between its two values.
@@ -39,6 +42,12 @@ double Step(int cell, int length) {
 double Stairs(int cell) {
     const int place = (cell + 800) % 8;
     return place < 3 ? 0.0 : place == 3 || place == 7 ? 0.5 : 1.0;
+}
+
+// Four cells of a slope up and down, none of which is a jump of density at even pressure.
+double Roof(int cell) {
+    constexpr std::array<double, 4> values = {0.0, 0.2, 0.4, 0.2};
+    return values[static_cast<std::size_t>((cell + 800) % 4)];
 }
 
 using Advance = CountingFloat(const StripState<CountingFloat>&, const StepConstants<CountingFloat>&,
@@ -54,7 +63,11 @@ Cost CostOf(Advance& advance, const Sample& sample, int cells) {
         rho[i] = 1.0 + (sample.Contacts ? 0.5 * Stairs(cell) : 0.0);
         p[i] = 1.0 + (sample.Strong ? 0.1 * (cell & 1) : sample.Shock ? 9.0 * Stairs(cell) : 0.0);
         ux[i] = sample.Quiet ? 0.1 : (sample.Supersonic ? 3.0 : 0.1) + 1e-6 * cell;
-        if (sample.Failure) ux[i] = 100.0 * Step(cell, 20);
+        if (sample.Failure) ux[i] = 100.0 * Step(cell, 20) + 1e-6 * cell;
+        if (sample.Steep) rho[i] = 1.0 + Roof(cell);
+        if (sample.Steep) p[i] = 1.0 + 0.02 * Roof(cell);
+        if (sample.Cold) p[i] = 1e-4;
+        if (sample.Cold) ux[i] = 0.1 * Stairs(cell);
         if (sample.Shock) ux[i] = 0.005 * (100 - cell);
         uy[i] = sample.Transverse ? 0.001 * cell : 0.0;
         smoke[i] = sample.Smoke ? Stairs(cell) : 0.0;
@@ -101,11 +114,13 @@ TEST(SchemeCost, IsWhatTheCountersSay) {
         {.Name = "contacts", .Contacts = true}, {.Name = "transverse", .Transverse = true},
         {.Name = "smoke", .Smoke = true},       {.Name = "supersonic", .Supersonic = true},
         {.Name = "strong", .Strong = true},     {.Name = "shock", .Shock = true},
-        {.Name = "failure", .Failure = true},
+        {.Name = "failure", .Failure = true},   {.Name = "steep", .Steep = true},
+        {.Name = "cold", .Cold = true},
     };
     for (const Sample& sample : samples) {
         ExpectTruth("traced, flattening", AdvanceTraced<StepParts{true, true}>, sample);
         ExpectTruth("traced", AdvanceTraced<StepParts{false, true}>, sample);
+        ExpectTruth("Lagrangian", AdvanceLagrangian, sample);
         ExpectTruth("predictor and corrector", AdvancePredictorCorrector, sample);
     }
 }

@@ -1,7 +1,7 @@
 // The Lagrangian scheme, in 32-bit floats.
 #include "schemes/entry_adapter.h"
+#include "schemes/lagrangian_remap_step.h"
 #include "schemes/scheme_entry_points.h"
-#include "schemes/traced_step.h"
 
 extern "C" [[gnu::visibility("default")]] void HERON32(
     const float* edges, const float* density, const float* pressure, const float* velocity,
@@ -17,6 +17,5 @@ extern "C" [[gnu::visibility("default")]] void HERON32(
                                                transverseResult, smokeResult, *boundary);
     const StepConstants<float> constants = {*timeStep, *gamma, *rhoFloor, *auxFloor, *pFloor,
                                             *vFloor,   0.3F,   0.2F,      1.0F};
-    *courant = std::max(
-        *courant, AdvanceTraced<StepParts{false, true}>(strip, constants, result, opCounters));
+    *courant = std::max(*courant, AdvanceLagrangian(strip, constants, result, opCounters));
 }

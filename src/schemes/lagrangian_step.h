@@ -1,0 +1,317 @@
+// The step as seen by observers who move with the gas: where the edges between the cells go, and
+// what the cells hold when they have gone with them. J. Comput. Phys. 54, 174 (1984), section 2.
+#pragma once
+
+#include "schemes/cell_preparation.h"
+#include "schemes/parabola.h"
+#include "schemes/riemann_solver.h"
+#include "schemes/strip.h"
+
+// Fills what is known of cells first..last before the step, all but PerImpedance, and returns the
+// Courant number of cells 1..n. Streams that part in a near vacuum leave values here whose products
+// no 32-bit float can hold, so that each is divided by alone.
+//   scratch   cells 1..n
+template <typename Float>
+Float PrepareStillCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
+                        CellRows<Float>& cells, int first, int last) {
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float ratio = timeStep / (strip.Edges[i + 1] - strip.Edges[i]);
+        const Float perRho = Float(1) / strip.Rho[i];
+        const Float c = Root(gamma * (strip.P[i] * perRho));
+        cells.StepPerWidth[i] = ratio;
+        cells.StepPerMass[i] = ratio * perRho;
+        cells.SoundSpeed[i] = c;
+        cells.Signal[i] = Size(strip.Ux[i]) + c;
+        cells.Impedance[i] = strip.Rho[i] * c;
+    }
+#pragma omp simd
+    for (int i = 1; i <= strip.Cells; ++i) scratch[i] = cells.Signal[i] * cells.StepPerWidth[i];
+    return Largest(scratch.Origin(), 1, strip.Cells);
+}
+
+// The pressure on the edges and their velocity, both constant during the step.
+template <typename Float>
+struct EdgeMotion {
+    Row<Float> P, Ux;
+};
+
+// Cells that have moved with the gas: what they hold, and the share of their volume that gas of
+// unit speed sweeps through an edge during the step.
+template <typename Float>
+struct MovedCells {
+    Row<Float> Rho, P, Ux, StepPerWidth;
+};
+
+// The slope of a cell from the differences to its two neighbours: their mean, but at most twice the
+// smaller one, and 0 at an extremum. One of the two parts is 0.
+template <typename Float>
+struct CutSlope {
+    Float Rising, Falling;
+
+    [[gnu::always_inline]] CutSlope(Float a, Float b, Float mean) {
+        const Float two = Float(2);
+        Rising = Most(Least(mean, two * Least(a, b)), Float(0));
+        Falling = Least(Most(mean, two * Most(a, b)), Float(0));
+    }
+    [[gnu::always_inline]] Float Signed() const { return Rising + Falling; }
+    // The part of a rise that is along the slope and no larger.
+    [[gnu::always_inline]] Float Cut(Float rise) const { return Between(Falling, rise, Rising); }
+};
+
+// The data on both sides of an edge as one cubic through four cells, by its rises in the cell on
+// the left and in that on the right, each from the cell's left edge to its average and from there
+// to its right edge. The value on the edge between them is of fourth order.
+template <typename Float>
+struct EdgeCubic {
+    Float LeftFromLeft, LeftToRight;
+    Float RightFromLeft, RightToRight;
+
+    // From the differences between the four cells. Where both second differences have one sign and
+    // agree within a factor of 2 the data are smooth and need no limits; elsewhere the value is
+    // made of limited slopes, and no rise is against the slope of its cell nor larger.
+    [[gnu::always_inline]] EdgeCubic(Float left, Float across, Float right) {
+        const Float half = Float(0.5);
+        const Float bendLeft = across - left;
+        const Float bendRight = right - across;
+        const Float alike = Along(bendRight, bendLeft);
+        const Float size = Size(bendLeft);
+        const bool smooth = Most(alike, size) <= Float(2) * Least(alike, size);
+
+        const Float meanLeft = half * (left + across);
+        const Float meanRight = half * (across + right);
+        const CutSlope<Float> cutLeft(left, across, meanLeft);
+        const CutSlope<Float> cutRight(across, right, meanRight);
+        const Float slopeLeft = Choose(smooth, meanLeft, cutLeft.Signed());
+        const Float slopeRight = Choose(smooth, meanRight, cutRight.Signed());
+        const Float bend = Float(1.0 / 6.0) * (slopeRight - slopeLeft);
+        const Float twist = Float(0.125) * (bendRight - bendLeft);
+        const Float toEdge = half * across - bend;
+        const Float fromEdge = half * across + bend;
+        const Float before = (slopeLeft - twist) - toEdge;
+        const Float behind = (slopeRight - twist) - fromEdge;
+        LeftToRight = Choose(smooth, toEdge, cutLeft.Cut(toEdge));
+        LeftFromLeft = Choose(smooth, before, cutLeft.Cut(before));
+        RightFromLeft = Choose(smooth, fromEdge, cutRight.Cut(fromEdge));
+        RightToRight = Choose(smooth, behind, cutRight.Cut(behind));
+    }
+};
+
+// The share of a cell that a sound wave crosses on its way to an edge that moves with the gas, from
+// the sound speed at the cell's centre and the changes of velocity and sound speed from there to
+// the far side of the neighbour beyond the edge. The wave is slowed by the gas that it runs into
+// and sped up by the gas behind it; with both the flux of a simple wave is right to third order.
+template <typename Float>
+[[gnu::always_inline]] inline Float SoundShare(Float soundSpeed, Float riseU, Float riseC,
+                                               Float stepPerWidth) {
+    const Float half = Float(0.5);
+    const Float delay = Float(2.0 / 3.0) * stepPerWidth * (half * riseU + riseC);
+    const Float share = (soundSpeed + half * riseC) * stepPerWidth * (Float(1) - delay);
+    return Between(Float(0), share, Float(1));
+}
+
+// The shares of the cells beside the edges from which sound reaches them during the step, and the
+// averages over these.
+template <typename Float>
+struct SoundStates {
+    Row<Float> ShareLeft, PLeft, UxLeft;
+    Row<Float> ShareRight, PRight, UxRight;
+};
+
+// The part of a row of averages that sound carries to the edges first..last from either side.
+// Reads cells first-2..last+1.
+template <typename Float>
+void AverageSound(const Float* a, const Row<Float>& shareLeft, const Row<Float>& shareRight,
+                  Row<Float>& left, Row<Float>& right, int first, int last) {
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const EdgeCubic<Float> cubic(a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i]);
+        left[i] = a[i - 1] + RightPart(cubic.LeftFromLeft, cubic.LeftToRight, shareLeft[i]);
+        right[i] = a[i] + LeftPart(cubic.RightFromLeft, cubic.RightToRight, shareRight[i]);
+    }
+}
+
+// States beside the edges first..last. Reads cells first-2..last+1.
+template <typename Float>
+void TraceSound(const StripState<Float>& strip, const CellRows<Float>& cells,
+                SoundStates<Float>& states, int first, int last) {
+    const Float* u = strip.Ux;
+    const Float* c = cells.SoundSpeed.Origin();
+    const Float half = Float(0.5);
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const int l = i - 1;
+        states.ShareLeft[i] = SoundShare(c[l], half * (u[i] - u[l - 1]), half * (c[i] - c[l - 1]),
+                                         cells.StepPerWidth[l]);
+        states.ShareRight[i] = SoundShare(c[i], half * (u[i + 1] - u[l]), half * (c[l] - c[i + 1]),
+                                          cells.StepPerWidth[i]);
+    }
+    AverageSound(strip.P, states.ShareLeft, states.ShareRight, states.PLeft, states.PRight, first,
+                 last);
+    AverageSound(strip.Ux, states.ShareLeft, states.ShareRight, states.UxLeft, states.UxRight,
+                 first, last);
+}
+
+// Whether the two sides of an edge are so close that sound waves are solution enough: the error is
+// of second order in the jump, two parts in a hundred thousand of the pressure.
+template <typename Float>
+[[gnu::always_inline]] inline bool IsWeakEdge(const StripState<Float>& strip,
+                                              const SoundStates<Float>& states, int i) {
+    const Float tolerance = Float(0.01);
+    const Float least = tolerance * Least(states.PLeft[i], states.PRight[i]);
+    const Float closing = states.UxLeft[i] - states.UxRight[i];
+    const Float jump = Size(states.PLeft[i] - states.PRight[i]) - least;
+    const Float ram = Most(strip.Rho[i - 1], strip.Rho[i]) * (closing * closing);
+    return Most(jump, ram - tolerance * least) <= Float(0);
+}
+
+template <typename Float>
+struct EdgeStar {
+    Float P, Ux;
+};
+
+// By sound waves in the gas of the two cells. Written so, equal sides give their own values to the
+// bit.
+template <typename Float>
+[[gnu::always_inline]] inline EdgeStar<Float> MoveWeakEdge(const CellRows<Float>& cells,
+                                                           const SoundStates<Float>& states,
+                                                           int i) {
+    const Float half = Float(0.5);
+    const Float zL = cells.Impedance[i - 1];
+    const Float zR = cells.Impedance[i];
+    const Float perSum = Float(1) / (zL + zR);
+    const Float fall = states.PLeft[i] - states.PRight[i];
+    const Float closing = states.UxLeft[i] - states.UxRight[i];
+    const Float skew = half * (zR - zL);
+    return {
+        half * (states.PLeft[i] + states.PRight[i]) + (skew * fall + zL * zR * closing) * perSum,
+        half * (states.UxLeft[i] + states.UxRight[i]) + (fall - skew * closing) * perSum};
+}
+
+// By two waves of the shock's kind. The first guess is exact for two equal gases that collide and
+// for weak waves; one step of Newton's method follows. The densities follow from the pressures as
+// in a sound wave. Where the acoustic pressure is negative the two sides part faster than such
+// waves can follow, and nothing is left that could push. No edge moves faster than the gas on
+// either side can expand into a vacuum.
+template <typename Float>
+[[gnu::always_inline]] inline EdgeStar<Float> MoveStrongEdge(const StripState<Float>& strip,
+                                                             const CellRows<Float>& cells,
+                                                             const SoundStates<Float>& states,
+                                                             Float gamma, int i) {
+    const Float half = Float(0.5);
+    const Float one = Float(1);
+    const Float zero = Float(0);
+    const Float halfPlus = half * (gamma + one);
+    const Float halfMinus = half * (gamma - one);
+    const Float least = Float(0.1);
+    const Float most = Float(3);
+    const Float cellRhoL = strip.Rho[i - 1];
+    const Float cellRhoR = strip.Rho[i];
+    const Float cellPL = strip.P[i - 1];
+    const Float cellPR = strip.P[i];
+    const Float pL = Most(states.PLeft[i], least * cellPL);
+    const Float pR = Most(states.PRight[i], least * cellPR);
+    const Float growthL = one + (pL - cellPL) / (gamma * cellPL);
+    const Float growthR = one + (pR - cellPR) / (gamma * cellPR);
+    const Float rhoL = cellRhoL * Between(least, growthL, most);
+    const Float rhoR = cellRhoR * Between(least, growthR, most);
+    const Float uL = states.UxLeft[i];
+    const Float uR = states.UxRight[i];
+    const Float zL = cells.Impedance[i - 1];
+    const Float zR = cells.Impedance[i];
+
+    // First guess.
+    const Float sumZ = zL + zR;
+    const Float sumRho = rhoL + rhoR;
+    const Float perSums = one / (sumZ * sumRho);
+    const Float perSumZ = perSums * sumRho;
+    const Float closing = uL - uR;
+    const Float base = (zR * pL + zL * pR) * perSumZ;
+    const Float linear = (zL * zR * perSumZ) * closing;
+    const Float acoustic = base + linear;
+    const Float ram =
+        Float(0.25) * halfPlus * (rhoL * rhoR * (perSums * sumZ)) * (closing * closing);
+    const Float collision = base + (ram + Root(ram * ram + linear * linear));
+    const Float lowest = Float(1e-6) * Least(pL, pR);
+    const Float guess = Most(Choose(closing > zero, collision, acoustic), lowest);
+
+    // One step of Newton's method: the velocities behind the two waves come together.
+    const Float guessWL = Root(rhoL * WaveStiffness(halfPlus, halfMinus, pL, guess));
+    const Float guessWR = Root(rhoR * WaveStiffness(halfPlus, halfMinus, pR, guess));
+    const Float perBoth = one / (guessWL * guessWR);
+    const Float perL = perBoth * guessWR;
+    const Float perR = perBoth * guessWL;
+    const Float ratioL = zL * perL;
+    const Float ratioR = zR * perR;
+    const Float slopeL = half * perL * (one + ratioL * ratioL);
+    const Float slopeR = half * perR * (one + ratioR * ratioR);
+    const Float behindL = uL - (guess - pL) * perL;
+    const Float behindR = uR + (guess - pR) * perR;
+    const Float perSlopes = one / (slopeL + slopeR);
+    const Float star = Most(guess + (behindL - behindR) * perSlopes, lowest);
+    return {Choose(acoustic < zero, zero, star), (slopeL * behindR + slopeR * behindL) * perSlopes};
+}
+
+// Solves the Riemann problems at edges first..last, a whole number of chunks. Returns how many of
+// them lie in chunks that are not weak throughout.
+template <typename Float>
+int MoveEdges(StripState<Float> strip, const CellRows<Float>& cells,
+              const SoundStates<Float>& states, Float gamma, EdgeMotion<Float>& motion, int first,
+              int last) {
+    int strong = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const int end = chunk + CellsAtOnce;
+        if (AnyInChunk<Float>(chunk, [&](int i) { return !IsWeakEdge(strip, states, i); })) {
+            strong += CellsAtOnce;
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) {
+                const bool weak = IsWeakEdge(strip, states, i);
+                const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
+                const EdgeStar<Float> b = MoveStrongEdge(strip, cells, states, gamma, i);
+                motion.P[i] = Choose(weak, a.P, b.P);
+                motion.Ux[i] = Choose(weak, a.Ux, b.Ux);
+            }
+        } else {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) {
+                const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
+                motion.P[i] = a.P;
+                motion.Ux[i] = a.Ux;
+            }
+        }
+    }
+    return strong;
+}
+
+// Moves cells first..last between their edges. Each is seen by an observer who moves with the gas
+// that it held: momentum and energy then enter as differences from rest. What a step that is too
+// long does to them is made good later; here a cell keeps a twentieth of its width and a thousandth
+// of its pressure.
+template <typename Float>
+void MoveCells(const StripState<Float>& strip, const CellRows<Float>& cells,
+               const EdgeMotion<Float>& motion, Float gamma, MovedCells<Float>& moved, int first,
+               int last) {
+    const Float half = Float(0.5);
+    const Float one = Float(1);
+    const Float gammaLess = gamma - one;
+    const Float* u = motion.Ux.Origin();
+    const Float* push = motion.P.Origin();
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float ratio = cells.StepPerWidth[i];
+        const Float pL = push[i];
+        const Float pR = push[i + 1];
+        const Float driftL = u[i] - strip.Ux[i];
+        const Float driftR = u[i + 1] - strip.Ux[i];
+        const Float width = Most(one + ratio * (u[i + 1] - u[i]), Float(0.05));
+        const Float perWidth = one / width;
+        const Float momentum = ratio * (pL - pR);
+        const Float change = cells.StepPerMass[i] * (pL - pR);
+        const Float work = ratio * (pL * driftL - pR * driftR);
+        const Float heat = strip.P[i] + gammaLess * (work - half * (momentum * change));
+        moved.Rho[i] = perWidth * strip.Rho[i];
+        moved.P[i] = Most(perWidth * heat, Float(0.001) * strip.P[i]);
+        moved.Ux[i] = strip.Ux[i] + change;
+        moved.StepPerWidth[i] = ratio * perWidth;
+    }
+}

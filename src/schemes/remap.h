@@ -1,0 +1,222 @@
+// From cells that have moved with the gas back to the grid: what has crossed the fixed edges.
+// J. Comput. Phys. 54, 115 (1984); J. Comput. Phys. 54, 174 (1984), section 2.
+#pragma once
+
+#include "schemes/jump_steepening.h"
+#include "schemes/lagrangian_step.h"
+#include "schemes/parabola.h"
+
+// The parabolas of the moved cells, and how far they hold a contact instead, 0 to 1.
+template <typename Float>
+struct MovedShapes {
+    Parabolas<Float> Rho, P, Ux;
+    Row<Float> Contact;
+};
+
+// Interpolates moved cell i in its characteristic variables, u + p/z, u - p/z and rho - p/(c c),
+// and limits those. z and c are those of the gas around, since in a cold cell beside a hot one they
+// would weigh one variable out of all proportion. Reads cells i-2..i+2.
+template <typename Float>
+[[gnu::always_inline]] inline void InterpolateMovedCell(const MovedCells<Float>& moved, Float gamma,
+                                                        MovedShapes<Float>& shapes, int i) {
+    const Float half = Float(0.5);
+    const Float* rho = moved.Rho.Origin();
+    const Float* p = moved.P.Origin();
+    const Float* u = moved.Ux.Origin();
+    const Float aroundP = p[i] + half * (p[i - 1] + p[i + 1]);
+    const Float aroundRho = rho[i] + half * (rho[i - 1] + rho[i + 1]);
+    const Float z = half * Root(gamma * (aroundP * aroundRho));
+    const Float perZ = Float(1) / z;
+    const Float perC = half * (aroundRho * perZ);
+    const Float perSquare = perC * perC;
+
+    const Float p1 = p[i - 1] - p[i - 2];
+    const Float p2 = p[i] - p[i - 1];
+    const Float p3 = p[i + 1] - p[i];
+    const Float p4 = p[i + 2] - p[i + 1];
+    const Float u1 = u[i - 1] - u[i - 2];
+    const Float u2 = u[i] - u[i - 1];
+    const Float u3 = u[i + 1] - u[i];
+    const Float u4 = u[i + 2] - u[i + 1];
+    const Float w1 = perZ * p1;
+    const Float w2 = perZ * p2;
+    const Float w3 = perZ * p3;
+    const Float w4 = perZ * p4;
+    Float plusBelow, plusAbove, minusBelow, minusAbove, zeroBelow, zeroAbove;
+    LimitedParabola(Differences<Float>{u1 + w1, u2 + w2, u3 + w3, u4 + w4}, plusBelow, plusAbove);
+    LimitedParabola(Differences<Float>{u1 - w1, u2 - w2, u3 - w3, u4 - w4}, minusBelow, minusAbove);
+    LimitedParabola(Differences<Float>{(rho[i - 1] - rho[i - 2]) - perSquare * p1,
+                                       (rho[i] - rho[i - 1]) - perSquare * p2,
+                                       (rho[i + 1] - rho[i]) - perSquare * p3,
+                                       (rho[i + 2] - rho[i + 1]) - perSquare * p4},
+                    zeroBelow, zeroAbove);
+
+    const Float halfZ = half * z;
+    const Float below = halfZ * (plusBelow - minusBelow);
+    const Float above = halfZ * (plusAbove - minusAbove);
+    shapes.P.FromLeft[i] = below;
+    shapes.P.ToRight[i] = above;
+    shapes.Ux.FromLeft[i] = half * (plusBelow + minusBelow);
+    shapes.Ux.ToRight[i] = half * (plusAbove + minusAbove);
+    shapes.Rho.FromLeft[i] = zeroBelow + perSquare * below;
+    shapes.Rho.ToRight[i] = zeroAbove + perSquare * above;
+}
+
+// By how much the energy of the motion inside moved cell i is too large for its heat, 0 or less if
+// it is not: what changes of velocity across the cell may be some two times the speed of sound.
+template <typename Float>
+[[gnu::always_inline]] inline Float ExcessMotion(const MovedCells<Float>& moved,
+                                                 const MovedShapes<Float>& shapes, int i) {
+    const Float rise = shapes.Ux.FromLeft[i] + shapes.Ux.ToRight[i];
+    return moved.Rho[i] * (rise * rise) - Float(4) * moved.P[i];
+}
+
+// Makes the velocity in cell i less steep where that is so: the part of the cell that leaves it
+// must not take heat with it that the rest does not have.
+template <typename Float>
+[[gnu::always_inline]] inline void TemperCell(const MovedCells<Float>& moved,
+                                              MovedShapes<Float>& shapes, int i) {
+    const Float room = Float(4) * moved.P[i];
+    const Float excess = Most(ExcessMotion(moved, shapes, i), Float(0));
+    const Float steepness = room / (room + excess);
+    shapes.Ux.FromLeft[i] = steepness * shapes.Ux.FromLeft[i];
+    shapes.Ux.ToRight[i] = steepness * shapes.Ux.ToRight[i];
+}
+
+// How far moved cell i holds a contact, 0 to 1.
+template <typename Float>
+[[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, Float gamma,
+                                                 int i) {
+    return Choose(IsContact(moved, gamma, i), Jump<Float>(moved.Rho, i).Share(), Float(0));
+}
+
+// What a cell that holds a contact passes in any case: the density differs by more than a tenth.
+template <typename Float>
+[[gnu::always_inline]] inline Float ExcessRise(const Float* rho, int i) {
+    const Float least = Least(rho[i + 1], rho[i - 1]);
+    return Size(rho[i + 1] - rho[i - 1]) - Float(0.1) * least;
+}
+
+// How many cells lay in chunks that needed more than their parabolas.
+struct ShapingWork {
+    int Suspect;  // looked at more closely
+    int Tempered;
+    int Steepened;
+};
+
+// Shapes cells first..last, a whole number of chunks.
+template <typename Float>
+ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& moved, Float gamma,
+                            MovedShapes<Float>& shapes, int first, int last) {
+    strip.Rho = moved.Rho.Origin();
+    strip.P = moved.P.Origin();
+    ShapingWork work = {0, 0, 0};
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const int end = chunk + CellsAtOnce;
+        Float most = Float(0);
+#pragma omp simd reduction(max : most)
+        for (int i = chunk; i < end; ++i) {
+            InterpolateMovedCell(moved, gamma, shapes, i);
+            shapes.Contact[i] = Float(0);
+            most = Most(most, Most(ExcessMotion(moved, shapes, i), ExcessRise(strip.Rho, i)));
+        }
+        if (!(most > Float(0))) continue;
+        work.Suspect += CellsAtOnce;
+        if (AnyInChunk<Float>(chunk,
+                              [&](int i) { return ExcessMotion(moved, shapes, i) > Float(0); })) {
+            work.Tempered += CellsAtOnce;
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) TemperCell(moved, shapes, i);
+        }
+        const auto isContact = [&](int i) {
+            return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, gamma, i);
+        };
+        if (AnyInChunk<Float>(chunk, isContact)) {
+            work.Steepened += CellsAtOnce;
+#pragma omp simd
+            for (int i = chunk; i < end; ++i) shapes.Contact[i] = ContactShare(strip, gamma, i);
+        }
+    }
+    return work;
+}
+
+// The upstream cell of an edge, seen from the edge: parabolas by their rises near the edge and far
+// from it, and shares of the cell that lie next to the edge.
+template <typename Float>
+[[gnu::always_inline]] inline Float NearPart(Float near, Float far, Float share) {
+    return (Float(1) - share) * (near + share * (far - near));
+}
+
+// The fluxes through edge i, from what the moved gas has swept over it. No more of a cell's mass or
+// heat leaves it than nine tenths of its share of the volume would let, so that the rest keeps
+// some.
+template <bool HasContacts, typename Float>
+[[gnu::always_inline]] inline void SweepEdge(const CellRows<Float>& cells,
+                                             const EdgeMotion<Float>& motion,
+                                             const MovedCells<Float>& moved,
+                                             const MovedShapes<Float>& shapes, Float perGammaLess,
+                                             EdgeFluxes<Float>& fluxes, int i) {
+    const Float zero = Float(0);
+    const Float one = Float(1);
+    const Float most = Float(0.5);
+    const int l = i - 1;
+    const Float speed = motion.Ux[i];
+    const Float push = motion.P[i];
+    const bool fromLeft = speed > zero;
+    const auto upstream = [&](const Row<Float>& row) { return Choose(fromLeft, row[l], row[i]); };
+    const auto near = [&](const Parabolas<Float>& shape) {
+        return Choose(fromLeft, shape.ToRight[l], shape.FromLeft[i]);
+    };
+    const auto far = [&](const Parabolas<Float>& shape) {
+        return Choose(fromLeft, shape.FromLeft[l], shape.ToRight[i]);
+    };
+    const Float rho = upstream(moved.Rho);
+    const Float p = upstream(moved.P);
+    const Float ratio = Size(speed) * upstream(moved.StepPerWidth);
+    const Float share = Least(ratio, one);
+    const Float perRatio = one / Most(ratio, Tiny<Float>());
+    Float rise = Along(NearPart(near(shapes.Rho), far(shapes.Rho), share), speed);
+    if constexpr (HasContacts) {
+        const Float nearRho = Choose(fromLeft, moved.Rho[i], moved.Rho[l]);
+        const Float farRho = Choose(fromLeft, moved.Rho[l - 1], moved.Rho[i + 1]);
+        const Float jump = PartOfJump(farRho, rho, nearRho, share);
+        rise = rise + upstream(shapes.Contact) * (jump - rise);
+    }
+    const Float room = most * Most(perRatio - one, zero);
+    const Float sweptRho = rho + Between(-most * rho, rise, room * rho);
+    const Float riseP = Along(NearPart(near(shapes.P), far(shapes.P), share), speed);
+    const Float sweptP = p + Between(-most * p, riseP, room * p);
+    const Float mass = speed * sweptRho;
+    // Velocity is spread over the mass, and the mass over the volume: the mean of both shares.
+    const Float shareOfMass = Least(Size(mass) * upstream(cells.StepPerMass), one);
+    const Float shareU = Float(0.5) * (share + shareOfMass);
+    const Float riseU = Along(NearPart(near(shapes.Ux), far(shapes.Ux), shareU), speed);
+    const Float u = Choose(speed == zero, zero, upstream(moved.Ux) + riseU);
+    fluxes.Mass[i] = mass;
+    fluxes.Momentum[i] = push;
+    fluxes.Energy[i] = perGammaLess * (speed * sweptP) + push * (speed - u);
+    fluxes.Ux[i] = u;
+}
+
+// The fluxes through edges first..last, a whole number of chunks.
+template <typename Float>
+void SweepEdges(const CellRows<Float>& cells, const EdgeMotion<Float>& motion,
+                const MovedCells<Float>& moved, const MovedShapes<Float>& shapes, Float gamma,
+                EdgeFluxes<Float>& fluxes, int first, int last) {
+    const Float perGammaLess = Float(1) / (gamma - Float(1));
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const int end = chunk + CellsAtOnce;
+        const auto touchesContact = [&](int i) {
+            return Most(shapes.Contact[i - 1], shapes.Contact[i]) > Float(0);
+        };
+        if (AnyInChunk<Float>(chunk, touchesContact)) {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i)
+                SweepEdge<true>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
+        } else {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i)
+                SweepEdge<false>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
+        }
+    }
+}
