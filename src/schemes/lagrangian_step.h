@@ -110,46 +110,35 @@ template <typename Float>
     return Between(Float(0), share, Float(1));
 }
 
-// The shares of the cells beside the edges from which sound reaches them during the step, and the
-// averages over these.
+// The states beside the edges, averaged over the part of the cells from which sound reaches the
+// edge during the step.
 template <typename Float>
 struct SoundStates {
-    Row<Float> ShareLeft, PLeft, UxLeft;
-    Row<Float> ShareRight, PRight, UxRight;
+    Row<Float> PLeft, UxLeft, PRight, UxRight;
 };
-
-// The part of a row of averages that sound carries to the edges first..last from either side.
-// Reads cells first-2..last+1.
-template <typename Float>
-void AverageSound(const Float* a, const Row<Float>& shareLeft, const Row<Float>& shareRight,
-                  Row<Float>& left, Row<Float>& right, int first, int last) {
-#pragma omp simd
-    for (int i = first; i <= last; ++i) {
-        const EdgeCubic<Float> cubic(a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i]);
-        left[i] = a[i - 1] + RightPart(cubic.LeftFromLeft, cubic.LeftToRight, shareLeft[i]);
-        right[i] = a[i] + LeftPart(cubic.RightFromLeft, cubic.RightToRight, shareRight[i]);
-    }
-}
 
 // States beside the edges first..last. Reads cells first-2..last+1.
 template <typename Float>
 void TraceSound(const StripState<Float>& strip, const CellRows<Float>& cells,
                 SoundStates<Float>& states, int first, int last) {
     const Float* u = strip.Ux;
+    const Float* p = strip.P;
     const Float* c = cells.SoundSpeed.Origin();
     const Float half = Float(0.5);
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const int l = i - 1;
-        states.ShareLeft[i] = SoundShare(c[l], half * (u[i] - u[l - 1]), half * (c[i] - c[l - 1]),
-                                         cells.StepPerWidth[l]);
-        states.ShareRight[i] = SoundShare(c[i], half * (u[i + 1] - u[l]), half * (c[l] - c[i + 1]),
-                                          cells.StepPerWidth[i]);
+        const Float left = SoundShare(c[l], half * (u[i] - u[l - 1]), half * (c[i] - c[l - 1]),
+                                      cells.StepPerWidth[l]);
+        const Float right = SoundShare(c[i], half * (u[i + 1] - u[l]), half * (c[l] - c[i + 1]),
+                                       cells.StepPerWidth[i]);
+        const EdgeCubic<Float> cubic(p[l] - p[l - 1], p[i] - p[l], p[i + 1] - p[i]);
+        states.PLeft[i] = p[l] + RightPart(cubic.LeftFromLeft, cubic.LeftToRight, left);
+        states.PRight[i] = p[i] + LeftPart(cubic.RightFromLeft, cubic.RightToRight, right);
+        const EdgeCubic<Float> cubicU(u[l] - u[l - 1], u[i] - u[l], u[i + 1] - u[i]);
+        states.UxLeft[i] = u[l] + RightPart(cubicU.LeftFromLeft, cubicU.LeftToRight, left);
+        states.UxRight[i] = u[i] + LeftPart(cubicU.RightFromLeft, cubicU.RightToRight, right);
     }
-    AverageSound(strip.P, states.ShareLeft, states.ShareRight, states.PLeft, states.PRight, first,
-                 last);
-    AverageSound(strip.Ux, states.ShareLeft, states.ShareRight, states.UxLeft, states.UxRight,
-                 first, last);
 }
 
 // Whether the two sides of an edge are so close that sound waves are solution enough: the error is
