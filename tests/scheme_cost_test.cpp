@@ -118,8 +118,7 @@ TEST(SchemeCost, IsWhatTheCountersSay) {
         {.Name = "cold", .Cold = true},
     };
     for (const Sample& sample : samples) {
-        ExpectTruth("traced, flattening", AdvanceTraced<StepParts{true, true}>, sample);
-        ExpectTruth("traced", AdvanceTraced<StepParts{false, true}>, sample);
+        ExpectTruth("traced", AdvanceTraced, sample);
         ExpectTruth("Lagrangian", AdvanceLagrangian, sample);
         ExpectTruth("predictor and corrector", AdvancePredictorCorrector, sample);
     }

@@ -20,22 +20,20 @@ template <typename Float>
 Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
                    CellRows<Float>& cells, int first, int last) {
     const int n = strip.Cells;
-    const Float perGamma = Float(1) / gamma;
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float width = strip.Edges[i + 1] - strip.Edges[i];
-        const Float both = strip.Rho[i] * strip.P[i];
-        const Float perAll = Float(1) / (width * both);
-        const Float ratio = timeStep * (perAll * both);
-        const Float perBoth = perAll * width;
-        const Float perRho = perBoth * strip.P[i];
-        const Float c = Root(gamma * (strip.P[i] * perRho));
+        const Float z = Root(gamma * (strip.Rho[i] * strip.P[i]));
+        const Float perBoth = Float(1) / (width * z);
+        const Float perZ = perBoth * width;
+        const Float ratio = timeStep * (perBoth * z);
+        const Float c = gamma * (strip.P[i] * perZ);
         cells.StepPerWidth[i] = ratio;
-        cells.StepPerMass[i] = ratio * perRho;
+        cells.StepPerMass[i] = ratio * (c * perZ);
         cells.SoundSpeed[i] = c;
         cells.Signal[i] = Size(strip.Ux[i]) + c;
-        cells.Impedance[i] = strip.Rho[i] * c;
-        cells.PerImpedance[i] = perGamma * (c * (perBoth * strip.Rho[i]));
+        cells.Impedance[i] = z;
+        cells.PerImpedance[i] = perZ;
     }
 #pragma omp simd
     for (int i = 1; i <= n; ++i) scratch[i] = cells.Signal[i] * cells.StepPerWidth[i];

@@ -21,6 +21,5 @@ extern "C" [[gnu::visibility("default")]] void KESTREL64(
                                                 transverseResult, smokeResult, *boundary);
     const StepConstants<double> constants = {*timeStep, *gamma,  *rhoFloor, *auxFloor, *pFloor,
                                              *vFloor,   *difcon, *shkjmp,   *wavhaf};
-    *courant = std::max(*courant,
-                        AdvanceTraced<StepParts{true, true}>(strip, constants, result, opCounters));
+    *courant = std::max(*courant, AdvanceTraced(strip, constants, result, opCounters));
 }

@@ -1,6 +1,5 @@
-// The step that all four schemes are made of: characteristic tracing of limited parabolas, a
-// Riemann problem at every edge, and a conservative update. They differ in the parts that they
-// take.
+// The step of the full scheme: characteristic tracing of limited parabolas, with care for shocks
+// and contacts, a Riemann problem at every edge, and a conservative update.
 #pragma once
 
 #include "schemes/carried_quantity.h"
@@ -10,18 +9,10 @@
 #include "schemes/ripple_damping.h"
 #include "schemes/shock_flattening.h"
 
-// What a scheme takes beyond the parts that every one has.
-struct StepParts {
-    bool FlattensShocks;
-    bool SteepensJumps;
-};
-
 // Cost of a cell in what every step does, in what is done unless the block is quiet, and in what is
-// done only for the chunks or blocks that
-// need it: where there is a shock, where the gas is faster than sound, where an edge is not weak,
-// where there is a contact, where a carried quantity varies, where it has a jump, and where
-// failures have to be mended and looked for once more.
-constexpr CellCost PreparationCost = {2, 14, 1, 1, 1};
+// done only for the chunks that need it: where there is a shock, where the gas is faster than
+// sound, where there is a contact, and where an edge is not weak.
+constexpr CellCost PreparationCost = {2, 11, 1, 1, 1};
 constexpr CellCost GasCost = {156, 146, 2, 81, 0};
 constexpr CellCost ShockSearchCost = {3, 1, 0, 3, 0};
 constexpr CellCost FlatteningCost = {9, 9, 1, 16, 0};
@@ -51,33 +42,30 @@ struct StepRows {
 constexpr int FirstTraced = -2;
 
 // States beside the edges -1..last+1 from the cells around them.
-template <StepParts Parts, typename Float>
+template <typename Float>
 void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& constants,
                  StepRows<Float>& rows, int last, int* counters) {
+    const int n = strip.Cells;
     const int first = FirstTraced;
     InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
-    if constexpr (Parts.FlattensShocks) {
-        const Float strength = Between(Float(0), Float(1.0 / 6.0) * constants.Difcon, Float(1));
-        CountOperations(ShockSearchCost, strip.Cells, counters);
-        const int flattened = FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed,
-                                            rows.Parabolas, first, last);
-        CountOperations(FlatteningCost, std::min(flattened, strip.Cells), counters);
-    }
+    const Float strength = Between(Float(0), Float(1.0 / 6.0) * constants.Difcon, Float(1));
+    CountOperations(ShockSearchCost, n, counters);
+    const int flattened =
+        FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed, rows.Parabolas, first, last);
+    CountOperations(FlatteningCost, std::min(flattened, n), counters);
     const int supersonic = TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last);
-    CountOperations(SupersonicCost, std::min(supersonic, strip.Cells), counters);
-    if constexpr (Parts.SteepensJumps) {
-        const int steepened =
-            SteepenContacts(strip, rows.Cells, constants.Gamma, rows.States, first, last);
-        CountOperations(ContactSearchCost, strip.Cells, counters);
-        CountOperations(ContactCost, std::min(steepened, strip.Cells), counters);
-    }
+    CountOperations(SupersonicCost, std::min(supersonic, n), counters);
+    const int steepened =
+        SteepenContacts(strip, rows.Cells, constants.Gamma, rows.States, first, last);
+    CountOperations(ContactSearchCost, n, counters);
+    CountOperations(ContactCost, std::min(steepened, n), counters);
     // The last edge has no cell on its right here; no real cell asks for it.
     rows.States.RhoRight[last + 1] = rows.States.RhoLeft[last + 1];
     rows.States.PRight[last + 1] = rows.States.PLeft[last + 1];
     rows.States.UxRight[last + 1] = rows.States.UxLeft[last + 1];
 }
 
-template <StepParts Parts, typename Float>
+template <typename Float>
 Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& constants,
                    const StripResult<Float>& result, StepRows<Float>& rows, int* counters) {
     const StripState<Float> strip = CopyStrip(input, rows.Inputs);
@@ -92,7 +80,7 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
         KeepGas(strip, rows.Fluxes, rows.After.Next);
         CountOperations(QuietCost, n, counters);
     } else {
-        Reconstruct<Parts>(strip, constants, rows, lastCell, counters);
+        Reconstruct(strip, constants, rows, lastCell, counters);
         const int strong = SolveRiemannProblems(strip, rows.Cells, rows.States, constants.Gamma,
                                                 rows.Fluxes, -1, lastEdge);
         CountOperations(StrongEdgeCost, std::min(strong, n), counters);
@@ -104,25 +92,24 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
         CountOperations(GasCost, n, counters);
     }
     const auto updateCarried = [&](const Float* carried, Float* newCarried) {
-        UpdateCarried<Parts.SteepensJumps>(strip, carried, rows.Cells, rows.Fluxes,
-                                           rows.After.Next.Rho, rows.After.Carried, newCarried,
-                                           counters);
+        UpdateCarried<true>(strip, carried, rows.Cells, rows.Fluxes, rows.After.Next.Rho,
+                            rows.After.Carried, newCarried, counters);
     };
     updateCarried(strip.Uy, result.Uy);
-    if (strip.Smoke) updateCarried(strip.Smoke, result.Smoke);
+    updateCarried(strip.Smoke, result.Smoke);
     return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result));
 }
 
 // Advances the strip by one step and returns its Courant number.
-template <StepParts Parts, typename Float>
+template <typename Float>
 Float AdvanceTraced(const StripState<Float>& strip, const StepConstants<Float>& constants,
                     const StripResult<Float>& result, int* counters) {
     StepRows<Float> rows;
     Float courant = Float(0);
     for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
         const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant = Most(courant, AdvanceBlock<Parts>(Block(strip, offset, cells), constants,
-                                                    Block(result, offset), rows, counters));
+        courant = Most(courant, AdvanceBlock(Block(strip, offset, cells), constants,
+                                             Block(result, offset), rows, counters));
     }
     return courant;
 }
