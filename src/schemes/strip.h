@@ -68,7 +68,9 @@ template <typename Float, typename Test>
     return found > Float(0);
 }
 
-// One row of scratch values: cells (or edges) -8 to BlockCells + 31.
+// One row of scratch values: cells (or edges) -18 to BlockCells + 47. Cell -2, with which the chunks
+// of cells begin, lies on a cache line of its own. Rows fill an odd number of lines, so that rows
+// that are worked on together do not meet in the same few places of the cache.
 template <typename Float>
 class alignas(64) Row {
 public:
@@ -78,8 +80,8 @@ public:
     const Float& operator[](int i) const { return values_[Before + i]; }
 
 private:
-    static constexpr int Before = 8;
-    Float values_[Before + BlockCells<Float> + 2 * CellsAtOnce];
+    static constexpr int Before = CellsAtOnce + 2;
+    Float values_[Before + BlockCells<Float> + 3 * CellsAtOnce];
 };
 
 // The inputs of a block, each row continued past its end.
