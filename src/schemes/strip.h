@@ -68,9 +68,9 @@ template <typename Float, typename Test>
     return found > Float(0);
 }
 
-// One row of scratch values: cells (or edges) -18 to BlockCells + 47. Cell -2, with which the chunks
-// of cells begin, lies on a cache line of its own. Rows fill an odd number of lines, so that rows
-// that are worked on together do not meet in the same few places of the cache.
+// One row of scratch values: cells (or edges) -18 to BlockCells + 47. Cell -2, with which the
+// chunks of cells begin, lies on a cache line of its own. Rows fill an odd number of lines, so that
+// rows that are worked on together do not meet in the same few places of the cache.
 template <typename Float>
 class alignas(64) Row {
 public:
