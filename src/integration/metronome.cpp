@@ -19,17 +19,29 @@
 
 namespace {
 
-// Stores the state that a plot time has brought, if there is room, and shows its number. True if
-// the picture is to be repainted: a coarse grid, whose states come fast, repaints it only every so
-// many states.
-bool StoreAtPlotTime(ExperimentState& state, Controls& controls) {
+// What a tick has to show at its end: nobody sees the screen meanwhile.
+struct TickOutcome {
+    bool HasStored = false;
+    int StatesOnPicture = 0;  // on the last picture that falls into the tick, 0 if none does
+};
+
+// Stores the state that a plot time has brought, if there is room. A coarse grid, whose states come
+// fast, repaints the picture only every so many states.
+void StoreAtPlotTime(ExperimentState& state, TickOutcome& outcome) {
     state.StoreOffset = (state.NGridCells + 2) * state.NStored;
-    if (!StoreHasRoom(state)) return false;
+    if (!StoreHasRoom(state)) return;
     StoreState(state);
+    outcome.HasStored = true;
+    const int statesPerPaint = std::max(1000 / state.NGridCells, 1);
+    if (state.NStored % statesPerPaint == 0) outcome.StatesOnPicture = state.NStored;
+}
+
+// While the run still goes on, so that the handlers of the bar and the boxes leave it alone.
+void ShowProgress(const ExperimentState& state, Controls& controls, const TickOutcome& outcome) {
+    PutTime(controls.txtTime, state.Time);
+    if (!outcome.HasStored) return;
     PutBarRange(controls.vsbStoredStateNumber, 0, state.NStored - 1);
     PutText(controls.txtStoredStateNumber, GeneralNumber(state.StoredStateNumber));
-    const int statesPerPaint = std::max(1000 / state.NGridCells, 1);
-    return state.NStored % statesPerPaint == 0;
 }
 
 // In the place of the experiment's caption, as the meter's figures: a box would wait for an answer
@@ -40,42 +52,39 @@ void SayWhyNoStep(ExperimentState& state, Controls& controls, const TickArrays& 
                         ".\r\nPress Restart, then choose a scheme by the red button below.");
 }
 
-// Runs the steps of the tick; the end of the run cuts them short. Gives the number of states on the
-// last picture that falls into the tick, 0 if none does.
-int RunSteps(ExperimentState& state, Controls& controls) {
+// Runs the steps of the tick; the end of the run cuts them short.
+TickOutcome RunSteps(ExperimentState& state, Controls& controls) {
     TickArrays tick(state);
-    int statesOnPicture = 0;
+    TickOutcome outcome;
+    bool goesOn = true;
+    bool stepTaken = true;
     const int steps = StepsOfTick(state);
-    for (int step = 1; step <= steps; ++step) {
-        const bool stepTaken = TakeTimeStep(state, tick);
+    for (int step = 1; goesOn && step <= steps; ++step) {
+        stepTaken = TakeTimeStep(state, tick);
         if (state.MeterOn > 0 && tick.Library.IsLoaded()) ShowMeter(state, controls, tick);
-        if (!stepTaken) {
-            state.Stopped = 1;
-            SayWhyNoStep(state, controls, tick);
-            break;
-        }
-        PutTime(controls.txtTime, state.Time);
-        if (state.TimeToPlot > 0.0) continue;
+        goesOn = stepTaken;
+        if (!stepTaken || state.TimeToPlot > 0.0) continue;
 
         state.TimeToPlot += state.PlotInterval;  // the overshoot is carried
         SweepAxisRanges(state);
-        if (StoreAtPlotTime(state, controls)) statesOnPicture = state.NStored;
+        StoreAtPlotTime(state, outcome);
         if (state.Time >= state.TStop) {
-            statesOnPicture = state.NStored;
-            state.Stopped = 1;
-            break;
+            outcome.StatesOnPicture = state.NStored;
+            goesOn = false;
         }
     }
-    return statesOnPicture;
+    ShowProgress(state, controls, outcome);
+    if (!goesOn) state.Stopped = 1;
+    if (!stepTaken) SayWhyNoStep(state, controls, tick);
+    return outcome;
 }
 
 }  // namespace
 
 void tmrMetronome_Timer(ExperimentState& state, Controls& controls) {
     if (state.Stopped != 0) return;
-    // Nobody sees the screen during a tick: of several pictures only the last is worth its paint.
-    const int statesOnPicture = RunSteps(state, controls);
-    PaintFirstStates(state, controls, statesOnPicture);
+    const TickOutcome outcome = RunSteps(state, controls);
+    PaintFirstStates(state, controls, outcome.StatesOnPicture);
 
     FillBoundaryZones(state);
     SweepAxisRanges(state);
