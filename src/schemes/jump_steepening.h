@@ -52,18 +52,19 @@ int FindJumps(const Float* a, Row<Float>& share, int first, int last) {
     return jumping;
 }
 
-// Whether a jump of density in cell i is a contact: the pressure differs by less than 0.01 gamma of
-// the relative difference of density, and the density by more than a tenth.
+// Whether a jump of density in cell i is a contact: the relative difference of pressure is below
+// the share `uneven` of gamma times that of density, which is more than a tenth. J. Comput. Phys.
+// 54, 174 (1984), eq. (3.2).
 template <typename Float>
-[[gnu::always_inline]] inline bool IsContact(const StripState<Float>& strip, Float gamma, int i) {
+[[gnu::always_inline]] inline bool IsContact(const StripState<Float>& strip, Float uneven,
+                                             Float gamma, int i) {
     const Float* rho = strip.Rho;
     const Float* p = strip.P;
     const Float rise = Size(rho[i + 1] - rho[i - 1]);
     const Float leastRho = Least(rho[i + 1], rho[i - 1]);
     const Float rush = Size(p[i + 1] - p[i - 1]);
     const Float leastP = Least(p[i + 1], p[i - 1]);
-    return (rush * leastRho < Float(0.01) * gamma * (rise * leastP)) &
-           (rise > Float(0.1) * leastRho);
+    return (rush * leastRho < uneven * gamma * (rise * leastP)) & (rise > Float(0.1) * leastRho);
 }
 
 // The average, less the cell's own, over the share nu of a cell that holds a jump, next to its edge

@@ -186,11 +186,9 @@ template <typename Float>
 Float AdvanceLagrangian(const StripState<Float>& strip, const StepConstants<Float>& constants,
                         const StripResult<Float>& result, int* counters) {
     LagrangianRows<Float> rows;
-    Float courant = Float(0);
-    for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
-        const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant = Most(courant, AdvanceLagrangianBlock(Block(strip, offset, cells), constants,
-                                                       Block(result, offset), rows, counters));
-    }
-    return courant;
+    const auto advance = [&](const StripState<Float>& block,
+                             const StripResult<Float>& blockResult) {
+        return AdvanceLagrangianBlock(block, constants, blockResult, rows, counters);
+    };
+    return AdvanceInBlocks(strip, result, advance);
 }

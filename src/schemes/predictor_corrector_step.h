@@ -95,12 +95,9 @@ Float AdvancePredictorCorrector(const StripState<Float>& strip,
                                 const StepConstants<Float>& constants,
                                 const StripResult<Float>& result, int* counters) {
     predictor_corrector::StepRows<Float> rows;
-    Float courant = Float(0);
-    for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
-        const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant =
-            Most(courant, predictor_corrector::AdvanceBlock(Block(strip, offset, cells), constants,
-                                                            Block(result, offset), rows, counters));
-    }
-    return courant;
+    const auto advance = [&](const StripState<Float>& block,
+                             const StripResult<Float>& blockResult) {
+        return predictor_corrector::AdvanceBlock(block, constants, blockResult, rows, counters);
+    };
+    return AdvanceInBlocks(strip, result, advance);
 }

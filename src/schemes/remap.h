@@ -87,7 +87,8 @@ template <typename Float>
 template <typename Float>
 [[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, Float gamma,
                                                  int i) {
-    return Choose(IsContact(moved, gamma, i), Jump<Float>(moved.Rho, i).Share(), Float(0));
+    return Choose(IsContact(moved, Float(0.01), gamma, i), Jump<Float>(moved.Rho, i).Share(),
+                  Float(0));
 }
 
 // What a cell that holds a contact passes in any case: the density differs by more than a tenth.
@@ -129,7 +130,7 @@ ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& mo
             for (int i = chunk; i < end; ++i) TemperCell(moved, shapes, i);
         }
         const auto isContact = [&](int i) {
-            return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, gamma, i);
+            return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, Float(0.01), gamma, i);
         };
         if (AnyInChunk<Float>(chunk, isContact)) {
             work.Steepened += CellsAtOnce;

@@ -140,3 +140,16 @@ StripResult<Float> Block(const StripResult<Float>& strip, int offset) {
     return {strip.Rho + offset, strip.P + offset, strip.Ux + offset, strip.Uy + offset,
             strip.Smoke ? strip.Smoke + offset : nullptr};
 }
+
+// Advances the strip block by block by advance(block, its result), and returns the largest of the
+// blocks' Courant numbers.
+template <typename Float, typename Advance>
+Float AdvanceInBlocks(const StripState<Float>& strip, const StripResult<Float>& result,
+                      Advance advance) {
+    Float courant = Float(0);
+    for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
+        const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
+        courant = Most(courant, advance(Block(strip, offset, cells), Block(result, offset)));
+    }
+    return courant;
+}

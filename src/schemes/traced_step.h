@@ -105,11 +105,9 @@ template <typename Float>
 Float AdvanceTraced(const StripState<Float>& strip, const StepConstants<Float>& constants,
                     const StripResult<Float>& result, int* counters) {
     StepRows<Float> rows;
-    Float courant = Float(0);
-    for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
-        const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant = Most(courant, AdvanceBlock(Block(strip, offset, cells), constants,
-                                             Block(result, offset), rows, counters));
-    }
-    return courant;
+    const auto advance = [&](const StripState<Float>& block,
+                             const StripResult<Float>& blockResult) {
+        return AdvanceBlock(block, constants, blockResult, rows, counters);
+    };
+    return AdvanceInBlocks(strip, result, advance);
 }
