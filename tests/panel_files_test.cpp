@@ -207,6 +207,20 @@ TEST_F(PanelFiles, RaiseToTheFloorsWhatTheFileHasBelow) {
     EXPECT_TRUE(std::isfinite(state.DTime) && state.DTime > 0.0);
 }
 
+// Whatever the gas, and though the grid is painted and its boxes widen the axes.
+TEST_F(PanelFiles, KeepTheAxesOfTheFileWhereItHasNoPoints) {
+    Write("points.txt");
+    QByteArray text = Load("points.txt");
+    text.replace(" 6\r\n", " 0\r\n").replace("1.05\r\n", "3\r\n").replace("0.95\r\n", "2\r\n");
+    Save("bare.txt", text.replace("1049.9995", "500"));
+    Read("bare.txt");
+    ASSERT_EQ(state.NSelected, 0);
+    EXPECT_TRUE(state.RhoMin == 2.0 && state.RhoMax == 3.0 && state.PMax == 500.0);
+    EXPECT_EQ(Text("txtDensityMin"), "2.0");
+    EXPECT_EQ(Text("txtPressureMax"), "500.0");
+    EXPECT_EQ(Text("txtMSelected"), "200") << "the grid of the file is shown";
+}
+
 TEST_F(PanelFiles, ShowABusyPointerWhileManyPointsAreReplayed) {
     const auto isBusySeen = [&](const std::function<void()>& action) {
         bool isBusy = false;

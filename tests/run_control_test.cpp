@@ -222,7 +222,7 @@ TEST_F(RunControl, PutsTheTitleBackAfterAHalt) {
         }
         own.Press("cmdTest1");
         own.Press("cmdBegin");
-        own.Form().state.Ux[200] = std::nan("");
+        own.Form().state.SchemeName = "Osp\xFFrey";  // with a byte that no label can show
         ASSERT_FALSE(own.Tick());
         ASSERT_TRUE(caption->text().startsWith("The run has stopped"))
             << qPrintable(caption->text());
@@ -232,6 +232,21 @@ TEST_F(RunControl, PutsTheTitleBackAfterAHalt) {
         EXPECT_EQ(caption->text(), isNewTitle ? "A title of 1" : "Waves") << next;
         own.Press("cmdRestart");
         EXPECT_EQ(caption->text(), isNewTitle ? "A title of 1" : "Waves") << next;
+    }
+}
+
+TEST_F(RunControl, PutsTheTitleBackAtAChangeOfGrid) {
+    const BoxAnswers answers({"Waves", "0.01"});
+    panel.Press("cmdGetTitle");
+    const QLabel* caption = controls.lblStudentID;
+    for (const char* setUp : {"cmdTest1", "cmdSoundWave"}) {
+        panel.Press(setUp);
+        state.SchemeName = "Osprey";
+        panel.Press("cmdBegin");
+        ASSERT_FALSE(panel.Tick());
+        ASSERT_NE(caption->text(), "Waves");
+        controls.txtNGridCells->setText(QString::number(state.NGridCells / 2));
+        EXPECT_EQ(caption->text(), "Waves") << setUp;
     }
 }
 

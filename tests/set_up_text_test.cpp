@@ -140,7 +140,9 @@ TEST(ReadSetUpText, LooksAtFieldsNotAtLinesAndColumns) {
         Replaced(written, "\"\"\r\n", "\r\n"),
         Replaced(written, "0.01,", ".01 ,"),
         Replaced(written, "1000,", "+1.0E3,"),
-        Replaced(written, " 400\r\n", " 400.0\r\n"),
+        Replaced(written, " 400\r\n", " 400.5\r\n"),  // ties go to even
+        ReplacedOnce(written, " 6\r\n", " 5.5\r\n"),
+        ReplacedOnce(written, "\n41,", "\n40.6,"),
         Replaced(written, "401,", "501,"),  // the closing entries stand where they must
         Replaced(written, "\n0,", "\n7,"),
         written.substr(0, written.size() - 2),
@@ -152,7 +154,8 @@ TEST(ReadSetUpText, LooksAtFieldsNotAtLinesAndColumns) {
         ASSERT_TRUE(reading.Values.has_value()) << text;
         const SetUpValues& read = *reading.Values;
         EXPECT_TRUE(read.PSelList[1] == 1000.0 && read.PSelList[3] == 0.01) << text;
-        EXPECT_TRUE(read.MSelList[0] == 0 && read.MSelList[7] == 401) << text;
+        EXPECT_TRUE(read.MSelList[0] == 0 && read.MSelList[3] == 41) << text;
+        EXPECT_TRUE(read.NSelected == 6 && read.MSelList[7] == 401) << text;
     }
 }
 
@@ -171,7 +174,7 @@ TEST(ReadSetUpText, SaysWhichStringWasWrong) {
                       "I expected to read the string '" + key + "' but got instead Other, key\r\n");
     }
     // The number behind a wrong key need not be the whole number that was due.
-    expectMessage("\"NGridCells\",           400", "\"NGRIDCELLS\", 1.5",
+    expectMessage("\"NGridCells\",           400", "\"NGRIDCELLS\", 3e9",
                   "I expected to read the string 'NGridCells' but got instead NGRIDCELLS\r\n");
     expectMessage("\"\"\r\n", "\"x\"\r\n",
                   "I expected to read the null string but got instead x\r\n");
@@ -196,12 +199,12 @@ TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
     };
     // clang-format off
     const struct { std::string key; std::vector<const char*> values; } parameters[] = {
-        {"NGridCells",        {"5", "399", "5002", "400.5", "4294967696", "four hundred"}},
+        {"NGridCells",        {"5", "399", "5001.5", "4294967696", "four hundred"}},
         {"NDifferenceScheme", {"3e9"}},
         {"SoundSpeed0",       {"0", "1e300"}},
         {"CourantNumber",     {"0", "1", "nan", "1e-320"}},
         {"Periods",           {"0", "1e300", "1e999"}},
-        {"NPlotsPerPeriod",   {"0"}},
+        {"NPlotsPerPeriod",   {"0.5", "2147483647.5"}},
         {"RhoMax",            {"0.9"}},
         {"PMin",              {"1050"}},
         {"VXMax",             {"-2"}},

@@ -56,8 +56,9 @@ void ComposeRiemannCaption(const ExperimentState& state, Controls& controls,
 void ShowStopMessage(ExperimentState& state, Controls& controls, const std::string& message) {
     TakeStopMessageAway(state, controls);
     state.CaptionBeforeStop = CaptionOf(controls.lblStudentID);
-    state.StopMessage = message;
     PutCaption(controls.lblStudentID, message);
+    // As the label gives it back: bytes that are no text, say of a path, come back as other ones.
+    state.StopMessage = CaptionOf(controls.lblStudentID);
 }
 
 void TakeStopMessageAway(const ExperimentState& state, Controls& controls) {

@@ -40,8 +40,8 @@ struct StripArrays {
     OffsetArray<Float> RhoStrip, PStrip, UxStrip, UyStrip, SmokeStrip;
 };
 
-// The whole grid narrowed for the 32-bit libraries. Cells -6..N+B+1 at least,
-// and as far as the last full strip of Heron32 reaches; all zero beyond the ghost cells.
+// The whole grid narrowed for the 32-bit libraries. Cells -6..N+B+1 at least, and as far as the
+// last full strip of Heron32 reaches; all zero beyond the ghost cells.
 struct NarrowedGrid {
     NarrowedGrid() = default;
     explicit NarrowedGrid(int last);

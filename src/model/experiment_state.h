@@ -133,7 +133,7 @@ struct ExperimentState {
     std::string StudentName;       // answer to the name prompt
     std::string TitleText;         // title of the experiment
     int TitleSet = 0;              // 1 once a title has been entered
-    std::string StopMessage;       // why the last run that came to a halt did so
+    std::string StopMessage;       // why the last run that came to a halt did so, as shown
     std::string
         CaptionBeforeStop;  // caption of lblStudentID that the message has taken the place of
 

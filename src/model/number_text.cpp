@@ -11,11 +11,21 @@ namespace {
 // A double in fixed notation has at most 309 digits before the point.
 constexpr std::size_t FixedRoom = 400;
 
-std::string Fixed(double value, int decimals) {
+std::string Written(double value, std::chars_format format, int precision) {
     std::array<char, FixedRoom> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::fixed, decimals);
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, format, precision);
     return {text.data(), end.ptr};
+}
+
+std::string Fixed(double value, int decimals) {
+    return Written(value, std::chars_format::fixed, decimals);
+}
+
+// The power of ten of the first digit once the value is rounded to so many significant ones.
+int ExponentOf(double value, int significant) {
+    const std::string text = Written(value, std::chars_format::scientific, significant - 1);
+    return std::stoi(text.substr(text.find('e') + 1));
 }
 
 void DropTrailingZeros(std::string& text, std::size_t shortest) {
@@ -80,13 +90,10 @@ std::string GeneralNumber(double value) {
     const double size = std::abs(value);
     if (value == 0.0) return "0";
     if (size < plainFrom || size >= plainBelow || !std::isfinite(value)) {
-        std::array<char, FixedRoom> text{};
-        const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                       std::chars_format::general, significant);
-        return {text.data(), end.ptr};
+        return Written(value, std::chars_format::general, significant);
     }
     // Digits before the point, 0 or less for a number below 1, count into the 15.
-    const int before = static_cast<int>(std::floor(std::log10(size))) + 1;
+    const int before = ExponentOf(value, significant) + 1;
     std::string text = Fixed(value, std::clamp(significant - before, 0, significant + 7));
     if (text.find('.') != std::string::npos) {
         DropTrailingZeros(text, text.find('.') + 1);

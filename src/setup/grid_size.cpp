@@ -5,6 +5,7 @@
 
 #include "display/control_values.h"
 #include "display/controls.h"
+#include "display/experiment_caption.h"
 #include "integration/state_store.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
@@ -58,6 +59,7 @@ void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
     if (state.SoundWaveMode == 0) {
         ApplySetUp(state, controls);
     } else {
+        TakeStopMessageAway(state, controls);
         AllocateArrays(state);
         InitSoundWave(state, controls);
     }

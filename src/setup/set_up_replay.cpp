@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "display/control_values.h"
 #include "display/controls.h"
@@ -116,6 +117,20 @@ void ReplayPoints(ExperimentState& state, Controls& controls) {
               txtNPlotsPerPeriod_Change);
 }
 
+// Shows a grid without points, which no Select has shown, on the axes as they are: those of a file,
+// perhaps. A paint that puts another value into a box widens its axis, so the boxes come first.
+void ShowBareGrid(ExperimentState& state, Controls& controls) {
+    auto axes =
+        std::tie(state.RhoMin, state.RhoMax, state.PMin, state.PMax, state.VXMin, state.VXMax);
+    const std::tuple<double, double, double, double, double, double> former = axes;
+    {
+        const PlotsUnseen unseen(controls);
+        PaintPlots(state, controls);
+    }
+    axes = former;
+    ClearAndPaintPlots(state, controls);
+}
+
 }  // namespace
 
 void ApplySetUp(ExperimentState& state, Controls& controls) {
@@ -141,6 +156,5 @@ void ApplySetUp(ExperimentState& state, Controls& controls) {
     SetPeriodClock(state);
     TakeSnapshot(state, 0);
     ComposeExperimentCaption(state, controls);
-    // Without points no Select has shown the new grid.
-    if (state.NSelected == 0) ClearAndPaintPlots(state, controls);
+    if (state.NSelected == 0) ShowBareGrid(state, controls);
 }

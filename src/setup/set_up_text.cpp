@@ -138,10 +138,10 @@ double ReadReal(Fields& fields) {
     return number.value_or(0.0);
 }
 
-// A whole number may be written with a point, as 400.0, but not with a fraction.
+// A fraction is rounded away; a number that 32 bits cannot hold is no whole number here.
 int ToWhole(double number, Fields& fields) {
     const int whole = RoundToEven(number);
-    if (whole != number) fields.Failed = true;
+    if (whole != std::nearbyint(number)) fields.Failed = true;
     return whole;
 }
 

@@ -46,9 +46,10 @@ struct SetUpReading {
 std::string WriteSetUpText(const ExperimentState& state);
 
 // Reads the text of a file field by field; line ends may be CR LF, LF or CR, and what follows the
-// last field is not looked at. A string that is not the expected one gives a message. All else that
-// is wrong is silent: a text that ends too soon, a field that is no number, an integer field with
-// a fraction, and a set-up that cannot stand:
+// last field is not looked at. A fraction in an integer field is rounded away, ties to even. A
+// string that is not the expected one gives a message. All else that is wrong is silent: a text
+// that ends too soon, a field that is no number, an integer beyond 32 bits, and a set-up that
+// cannot stand:
 // - N from 6 to maxGridCells; NSelected from 0 to N; NPlotsPerPeriod at least 1
 // - the points in strictly rising cells inside 1 to N; for the two closing entries, cells 0 and N+1
 //   are set whatever the file says, so that a file stays good when only its N is edited
