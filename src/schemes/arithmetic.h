@@ -57,13 +57,6 @@ inline Float Largest(const Float* row, int first, int last) {
     for (int i = first; i <= last; ++i) largest = Most(largest, row[i]);
     return largest;
 }
-template <typename Float>
-inline Float Smallest(const Float* row, int first, int last) {
-    Float smallest = row[first];
-#pragma omp simd reduction(min : smallest)
-    for (int i = first; i <= last; ++i) smallest = Least(smallest, row[i]);
-    return smallest;
-}
 // Far below every density, pressure and speed, and far above the smallest normal number.
 template <typename Float>
 inline Float Tiny() {

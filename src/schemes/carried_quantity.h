@@ -90,7 +90,7 @@ void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFlux
 constexpr CellCost CarriedSearchCost = {0, 0, 0, 1, 0};
 constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
 constexpr CellCost JumpSearchCost = {9, 1, 0, 4, 0};
-constexpr CellCost CarriedJumpCost = {17, 4, 3, 13, 0};
+constexpr CellCost CarriedJumpCost = {17, 4, 3, 14, 0};
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
 // density.

@@ -14,12 +14,24 @@ struct CellRows {
     Row<Float> PerImpedance;
 };
 
+// The Courant number of cells 1..n; the largest number there is if one of theirs is none.
+//   scratch   cells 1..n
+template <typename Float>
+Float CourantNumber(const CellRows<Float>& cells, int n, Row<Float>& scratch) {
+    const Float largest = LargestFinite<Float>();
+#pragma omp simd
+    for (int i = 1; i <= n; ++i) {
+        const Float courant = cells.Signal[i] * cells.StepPerWidth[i];
+        scratch[i] = Choose(courant < largest, courant, largest);
+    }
+    return Largest(scratch.Origin(), 1, n);
+}
+
 // Fills the rows for cells first..last and returns the Courant number of cells 1..n.
 //   scratch   cells 1..n
 template <typename Float>
 Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
                    CellRows<Float>& cells, int first, int last) {
-    const int n = strip.Cells;
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float width = strip.Edges[i + 1] - strip.Edges[i];
@@ -35,7 +47,5 @@ Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Flo
         cells.Impedance[i] = z;
         cells.PerImpedance[i] = perZ;
     }
-#pragma omp simd
-    for (int i = 1; i <= n; ++i) scratch[i] = cells.Signal[i] * cells.StepPerWidth[i];
-    return Largest(scratch.Origin(), 1, n);
+    return CourantNumber(cells, strip.Cells, scratch);
 }

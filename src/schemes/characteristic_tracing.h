@@ -168,7 +168,8 @@ template <typename Float>
     const Float* rho = strip.Rho;
     const Float* u = strip.Ux;
     const Jump<Float> jump(rho, i);
-    const Float share = Choose(IsContact(strip, Float(0.01), gamma, i), jump.Share(), Float(0));
+    const Float share =
+        Choose(IsContact(strip, EvenPressure<Float>(), gamma, i), jump.Share(), Float(0));
     const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i]);
     const Float right =
         rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Most(swept.Right, Float(0)));
@@ -188,7 +189,8 @@ int SteepenContacts(StripState<Float> strip, const CellRows<Float>& cells, Float
     int steepened = 0;
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const auto holdsContact = [&](int i) {
-            return IsContact(strip, Float(0.01), gamma, i) & Jump<Float>(strip.Rho, i).IsOne();
+            return IsContact(strip, EvenPressure<Float>(), gamma, i) &
+                   Jump<Float>(strip.Rho, i).IsOne();
         };
         if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
         steepened += CellsAtOnce;

@@ -15,7 +15,7 @@ extern "C" [[gnu::visibility("default")]] void HERON32(
         *boundary);
     const StripResult<float> result = ResultAt(densityResult, pressureResult, velocityResult,
                                                transverseResult, smokeResult, *boundary);
-    const StepConstants<float> constants = {*timeStep, *gamma, *rhoFloor, *auxFloor, *pFloor,
-                                            *vFloor,   0.3F,   0.2F,      1.0F};
+    const StepConstants<float> constants = {*timeStep, *gamma,  *rhoFloor,
+                                            *auxFloor, *pFloor, *vFloor};
     *courant = std::max(*courant, AdvanceLagrangian(strip, constants, result, opCounters));
 }

@@ -29,7 +29,12 @@ void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>&
         const Float uR = states.UxRight[i];
 
         // How fast the outer waves run into the gas, and the mass that they take in.
-        const bool leftFaster = pL * rhoR > pR * rhoL;
+        const Float warmthL = pL * rhoR;
+        const Float warmthR = pR * rhoL;
+        // Two gases as warm as each other are told apart by density and pressure, so that a mirror
+        // image takes the same one.
+        const bool leftDenser = (rhoL > rhoR) | ((rhoL == rhoR) & (pL > pR));
+        const bool leftFaster = (warmthL > warmthR) | ((warmthL == warmthR) & leftDenser);
         const Float rhoFast = Choose(leftFaster, rhoL, rhoR);
         const Float pFast = Choose(leftFaster, pL, pR);
         const Float sumRho = rhoL + rhoR;

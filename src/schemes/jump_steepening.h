@@ -52,6 +52,12 @@ int FindJumps(const Float* a, Row<Float>& share, int first, int last) {
     return jumping;
 }
 
+// How uneven the pressure at a contact may be that is kept inside one cell.
+template <typename Float>
+inline Float EvenPressure() {
+    return Float(0.01);
+}
+
 // Whether a jump of density in cell i is a contact: the relative difference of pressure is below
 // the share `uneven` of gamma times that of density, which is more than a tenth. J. Comput. Phys.
 // 54, 174 (1984), eq. (3.2).
@@ -74,6 +80,7 @@ template <typename Float>
     const Float rise = near - far;
     const Float safeRise = Signed(Most(Size(rise), Tiny<Float>()), rise);
     const Float filled = (here - far) / safeRise;
-    const Float past = Most(nu - filled, Float(0)) / Most(nu, Tiny<Float>());
+    // At most the share itself: a cell that holds no jump may be less than empty, by any amount.
+    const Float past = Least(Most(nu - filled, Float(0)), nu) / Most(nu, Tiny<Float>());
     return (near - here) - rise * past;
 }

@@ -37,13 +37,13 @@ namespace lagrangian {
 // Cost of a cell: of what every step does, of where the gas stays and where it changes, and of what
 // only the chunks do that need it: where an edge is not weak, where a moved cell is looked at more
 // closely, where its velocity is made less steep, and where there is a contact.
-constexpr CellCost SearchCost = {2, 5, 2, 2, 1};
+constexpr CellCost SearchCost = {2, 5, 2, 3, 1};
 constexpr CellCost KeepingCost = {0, 1, 0, 0, 0};
 constexpr CellCost GasCost = {199, 184, 5, 155, 1};
 constexpr CellCost StrongEdgeCost = {30, 53, 5, 16, 3};
 constexpr CellCost SuspicionCost = {13, 9, 0, 7, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
-constexpr CellCost ContactCost = {18, 8, 3, 13, 0};
+constexpr CellCost ContactCost = {18, 8, 3, 14, 0};
 
 }  // namespace lagrangian
 
@@ -115,7 +115,7 @@ void LagrangianFluxes(const StripState<Float>& strip, Float gamma, CellRange cel
     CountOperations(lagrangian::TemperingCost, std::min(work.Tempered, count), counters);
     CountOperations(lagrangian::ContactCost, std::min(work.Steepened, count), counters);
     SweepEdges(rows.Cells, rows.Motion, moved, shapes, gamma, rows.Fluxes, firstEdge, lastEdge);
-    DampRipples(strip, rows.Cells, Float(0.25), rows.Fluxes, firstEdge, lastEdge);
+    DampRipples(strip, rows.Cells, RippleDamping(Float(1)), rows.Fluxes, firstEdge, lastEdge);
     EdgeFluxes<Float>& fluxes = rows.Fluxes;
     for (Row<Float>* row : {&fluxes.Mass, &fluxes.Momentum, &fluxes.Energy, &fluxes.Ux})
         Continue(*row, lastEdge, 1);

@@ -25,9 +25,7 @@ Float PrepareStillCells(StripState<Float> strip, Float timeStep, Float gamma, Ro
         cells.Signal[i] = Size(strip.Ux[i]) + c;
         cells.Impedance[i] = strip.Rho[i] * c;
     }
-#pragma omp simd
-    for (int i = 1; i <= strip.Cells; ++i) scratch[i] = cells.Signal[i] * cells.StepPerWidth[i];
-    return Largest(scratch.Origin(), 1, strip.Cells);
+    return CourantNumber(cells, strip.Cells, scratch);
 }
 
 // The pressure on the edges and their velocity, both constant during the step.
@@ -98,8 +96,8 @@ struct EdgeCubic {
 };
 
 // The share of a cell that a sound wave crosses on its way to an edge that moves with the gas, from
-// the sound speed at the cell's centre and the changes of velocity and sound speed from there to
-// the far side of the neighbour beyond the edge. The wave is slowed by the gas that it runs into
+// the sound speed at the cell's centre and the changes of velocity and sound speed across the cell,
+// toward the edge. The wave is slowed by the gas that it runs into
 // and sped up by the gas behind it; with both the flux of a simple wave is right to third order.
 template <typename Float>
 [[gnu::always_inline]] inline Float SoundShare(Float soundSpeed, Float riseU, Float riseC,

@@ -24,7 +24,7 @@ extern "C" [[gnu::visibility("default")]] void PLOVER(
         StripAt(edges, density1, pressure1, velocity1, transverse1, noSmoke, *width, *boundary);
     const StripResult<float> result = ResultAt(densityResult, pressureResult, velocityResult,
                                                transverseResult, noSmokeResult, *boundary);
-    const StepConstants<float> constants = {*timeStep, *gamma, *rhoFloor, *auxFloor, *pFloor,
-                                            *vFloor,   0.3F,   0.2F,      1.0F};
+    const StepConstants<float> constants = {*timeStep, *gamma,  *rhoFloor,
+                                            *auxFloor, *pFloor, *vFloor};
     *courant = std::max(*courant, AdvancePredictorCorrector(strip, constants, result, opCounters));
 }

@@ -12,7 +12,7 @@ namespace predictor_corrector {
 
 // Cost of a cell in what every step does, in what is done unless the block is quiet, and in what is
 // done only for the chunks or blocks that need it: where there is a contact or a shock.
-constexpr CellCost PreparationCost = {2, 8, 1, 1, 1};
+constexpr CellCost PreparationCost = {2, 8, 1, 2, 1};
 constexpr CellCost GasCost = {129, 105, 4, 83, 2};
 constexpr CellCost ContactCost = {19, 9, 1, 7, 0};
 constexpr CellCost ShockCost = {2, 14, 0, 2, 0};

@@ -87,8 +87,8 @@ template <typename Float>
 template <typename Float>
 [[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, Float gamma,
                                                  int i) {
-    return Choose(IsContact(moved, Float(0.01), gamma, i), Jump<Float>(moved.Rho, i).Share(),
-                  Float(0));
+    return Choose(IsContact(moved, EvenPressure<Float>(), gamma, i),
+                  Jump<Float>(moved.Rho, i).Share(), Float(0));
 }
 
 // What a cell that holds a contact passes in any case: the density differs by more than a tenth.
@@ -130,7 +130,8 @@ ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& mo
             for (int i = chunk; i < end; ++i) TemperCell(moved, shapes, i);
         }
         const auto isContact = [&](int i) {
-            return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, Float(0.01), gamma, i);
+            return Jump<Float>(strip.Rho, i).IsOne() &
+                   IsContact(strip, EvenPressure<Float>(), gamma, i);
         };
         if (AnyInChunk<Float>(chunk, isContact)) {
             work.Steepened += CellsAtOnce;
@@ -148,9 +149,8 @@ template <typename Float>
     return (Float(1) - share) * (near + share * (far - near));
 }
 
-// The fluxes through edge i, from what the moved gas has swept over it. No more of a cell's mass or
-// heat leaves it than nine tenths of its share of the volume would let, so that the rest keeps
-// some.
+// The fluxes through edge i, from what the moved gas has swept over it. What leaves a cell
+// takes no more of its mass or heat beyond the average than half of what would empty the rest.
 template <bool HasContacts, typename Float>
 [[gnu::always_inline]] inline void SweepEdge(const CellRows<Float>& cells,
                                              const EdgeMotion<Float>& motion,

@@ -150,9 +150,12 @@ template <typename Float>
     // Both speeds are multiplied by the density here.
     const Float behindHead = Choose(shock, Root(rho * stiffness), z) - rho * along;
     const Float width = Choose(shock, zero, rho * (halfPlus * (Size(starU) - along)));
-    const Float inFan = behindHead / Most(width, Tiny<Float>());
-    return {star, starU, starRho, Choose(acoustic < zero, Float(0.9) * acoustic, star),
-            Between(zero, inFan, one)};
+    const Float inFan = Between(zero, behindHead / Most(width, Tiny<Float>()), one);
+    // Gas that would leave the edge on the side that it comes from has ended before: between two
+    // streams that part faster than it can expand there is next to nothing.
+    const Float speed = along + inFan * (Size(starU) - along);
+    const Float share = Choose(speed < zero, one, inFan);
+    return {star, starU, starRho, Choose(acoustic < zero, Float(0.9) * acoustic, star), share};
 }
 
 // Puts the fluxes through edge i together.

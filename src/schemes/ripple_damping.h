@@ -4,6 +4,14 @@
 #include "schemes/arithmetic.h"
 #include "schemes/riemann_solver.h"
 
+// The strength of the damping from the constant `wavhaf`: 0 at 0 and below, a quarter at 1, 0.3 far
+// above.
+template <typename Float>
+Float RippleDamping(Float wavhaf) {
+    const Float w = Between(Float(0), wavhaf, Float(1e6));
+    return Float(0.3) * w / (w + Float(0.2));
+}
+
 // Lets mass pass through the edges first..last from the higher to the lower cell where the density
 // of four cells goes up and down in turn, the shortest wave that the grid holds, one cell to half a
 // wavelength. The pressure and the velocity stay as they are.

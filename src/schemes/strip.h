@@ -40,9 +40,9 @@ struct StepConstants {
     Float AuxFloor;
     Float PFloor;
     Float VFloor;
-    Float Difcon;
-    Float Shkjmp;
-    Float Wavhaf;
+    Float Difcon = Float(0);
+    Float Shkjmp = Float(0);
+    Float Wavhaf = Float(0);
 };
 
 // Wider strips are advanced in blocks of at most this many cells, so that the rows of a block stay

@@ -12,7 +12,6 @@
 template <typename Float>
 Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
                      CellRows<Float>& cells, int first, int last) {
-    const int n = strip.Cells;
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float width = strip.Edges[i + 1] - strip.Edges[i];
@@ -21,9 +20,7 @@ Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, Row<F
         cells.StepPerMass[i] = timeStep * perBoth;
         cells.Signal[i] = Size(strip.Ux[i]) + Root(gamma * (strip.P[i] * (perBoth * width)));
     }
-#pragma omp simd
-    for (int i = 1; i <= n; ++i) scratch[i] = cells.Signal[i] * cells.StepPerWidth[i];
-    return Largest(scratch.Origin(), 1, n);
+    return CourantNumber(cells, strip.Cells, scratch);
 }
 
 // Changes across a cell, or of a cell during a step.
