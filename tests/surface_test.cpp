@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "pixels.h"
+
 namespace {
 
 const PanelScale Scale;
@@ -21,15 +23,14 @@ class Plot : public Surface {
 public:
     Plot() : Surface(Scale, Scale.TwipsPerPixel()) { Place(PlotTwips); }
 
+    Pixels BlackPixels() {
+        const QImage& image = Image();
+        return PixelsWhere(image, [&](int x, int y) { return image.pixel(x, y) == 0xFF000000; });
+    }
+
     // The smallest rectangle in logical pixels around all that is black.
     QRectF Black() {
-        const QImage image = Image().convertToFormat(QImage::Format_RGB32);
-        QRect bounds;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixel(x, y) == 0xFF000000) bounds |= QRect(x, y, 1, 1);
-            }
-        }
+        const QRect bounds = BlackPixels().Bounds;
         const double ratio = devicePixelRatioF();
         return {QPointF(bounds.topLeft()) / ratio, QSizeF(bounds.size()) / ratio};
     }
@@ -48,27 +49,37 @@ void ExpectBlack(Plot& plot, const QRectF& expected, const std::string& what) {
 
 }  // namespace
 
-// Every line is a whole pixel thick, and one along an edge of the surface is seen.
-TEST(Surface, PutsLinesOnWholePixels) {
+// Every line is a whole pixel thick, and one along an edge of the surface is seen. A line goes from
+// point to point, a box from a corner by a width and a height.
+TEST(Surface, PutsLinesAndBoxesOnWholePixels) {
     Plot plot;
     const float w = plot.ScaleWidth();
     const float h = plot.ScaleHeight();
     EXPECT_EQ(w, 453 * 15);
     EXPECT_EQ(h, 193 * 15);
+    using Draw = void (Surface::*)(float, float, float, float);
+    const Draw line = &Surface::LineFrom;
+    const Draw box = &Surface::BoxFilled;
+    const Draw outline = &Surface::BoxOutline;
     // clang-format off
-    const struct { float x1, y1, x2, y2; QRectF black; } rows[] = {
-        {0,     0,     w,     0,     {0, 0,  453, 1}}, {0,       h,    w,     h,    {0, 192, 453, 1}},
-        {0,     h / 2, w,     h / 2, {0, 96, 453, 1}}, {0,       1500, 9e9F,  1500, {0, 99,  453, 1}},
-        {0,     0,     0,     h,     {0, 0,  1, 193}}, {-3e38F,  1500, 3e38F, 1500, {0, 99,  453, 1}},
-        {w,     0,     w,     h,     {452, 0, 1, 193}}, {1500,  -9e9F, 1500,  h,    {100, 0, 1, 193}},
-        {w / 2, 0,     w / 2, h,     {226, 0, 1, 193}},
+    const struct { Draw draw; float a, b, c, d; QRectF black; } rows[] = {
+        {line, 0,      0,     w,      0,     {0, 0,  453, 1}},   {line, 0,     h,     w,     h,    {0, 192, 453, 1}},
+        {line, 0,      h / 2, w,      h / 2, {0, 96, 453, 1}},   {line, 0,     1500,  9e9F,  1500, {0, 99,  453, 1}},
+        {line, 0,      0,     0,      h,     {0, 0,  1,   193}}, {line, -3e38F, 1500, 3e38F, 1500, {0, 99,  453, 1}},
+        {line, w,      0,     w,      h,     {452, 0, 1,  193}}, {line, 1500,  -9e9F, 1500,  h,    {100, 0, 1, 193}},
+        {line, w / 2,  0,     w / 2,  h,     {226, 0, 1,  193}},
+        {box,  1500,   1500,  150,    150,   {100, 99, 11, 11}}, {box, 1650,   1650,  -150,  -150, {100, 99, 11, 11}},
+        {box,  -3e38F, -50,   3e38F,  100,   {0, 0,  1,   4}},   {box, -100,   -100,  1e9F,  1e9F, {0, 0, 453, 193}},
+        {outline, 1500, 1500, 150,    150,   {100, 99, 11, 11}},
     };
     // clang-format on
     for (const auto& row : rows) {
         plot.Cls();
-        plot.LineFrom(row.x1, row.y1, row.x2, row.y2);
-        ExpectBlack(plot, row.black, std::to_string(row.x1) + " " + std::to_string(row.y1));
+        (plot.*row.draw)(row.a, row.b, row.c, row.d);
+        ExpectBlack(plot, row.black, std::to_string(row.a) + " " + std::to_string(row.b));
     }
+    const QPoint middle = (QPointF(105.5, 104.5) * plot.devicePixelRatioF()).toPoint();
+    EXPECT_EQ(plot.Image().pixel(middle), 0xFFFFFFFF) << "an outline is hollow";
 }
 
 TEST(Surface, DrawsOnFromTheCurrentPoint) {
@@ -136,39 +147,12 @@ TEST(Surface, CutsLinesWithoutMovingThem) {
         plot.LineFrom(0, 0, far, far / 2);
         const QImage image = plot.Image();
         const double ratio = plot.devicePixelRatioF();
-        int black = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixel(x, y) != 0xFF000000) continue;
-                ++black;
-                ASSERT_LE(std::abs(y - x / 2.0), 1.5 * ratio) << x << " " << y << " to " << far;
-            }
-        }
-        EXPECT_GE(black, 380 * ratio * ratio) << far;
+        const Pixels misplaced = PixelsWhere(image, [&](int x, int y) {
+            return image.pixel(x, y) == 0xFF000000 && std::abs(y - x / 2.0) > 1.5 * ratio;
+        });
+        EXPECT_EQ(misplaced.Count, 0) << far;
+        EXPECT_GE(plot.BlackPixels().Count, 380 * ratio * ratio) << far;
     }
-}
-
-TEST(Surface, DrawsBoxesByTheirCorners) {
-    Plot plot;
-    // clang-format off
-    const struct { float x, y, w, h; QRectF black; } rows[] = {
-        {1500,   1500,  150,   150, {100, 99, 11,  11}},
-        {1650,   1650, -150,  -150, {100, 99, 11,  11}},
-        {-3e38F, -50,   3e38F, 100, {0,   0,  1,   4}},
-        {-100,   -100,  1e9F,  1e9F, {0,  0,  453, 193}},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        plot.Cls();
-        plot.BoxFilled(row.x, row.y, row.w, row.h);
-        ExpectBlack(plot, row.black, std::to_string(row.x));
-    }
-    plot.Cls();
-    plot.BoxOutline(1500, 1500, 150, 150);
-    ExpectBlack(plot, QRectF(100, 99, 11, 11), "outline");
-    const double ratio = plot.devicePixelRatioF();
-    const QPoint middle = (QPointF(105.5, 104.5) * ratio).toPoint();
-    EXPECT_EQ(plot.Image().pixel(middle), 0xFFFFFFFF) << "an outline is hollow";
 }
 
 // The gray levels reach the screen as they are, each one logical pixel large.
@@ -183,21 +167,18 @@ TEST(Surface, ShowsAGrayPictureUnsmoothed) {
     std::fill(levels.begin(), levels.end(), uchar{0});  // a copy was shown
     const QImage image = surface.Image();
     const double ratio = surface.devicePixelRatioF();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QPoint level(static_cast<int>(x / ratio), static_cast<int>(y / ratio));
-            ASSERT_EQ(image.pixel(x, y), drawn.pixel(level)) << x << " " << y;
-        }
-    }
+    const Pixels others = PixelsWhere(image, [&](int x, int y) {
+        const QPoint level(static_cast<int>(x / ratio), static_cast<int>(y / ratio));
+        return image.pixel(x, y) != drawn.pixel(level);
+    });
+    EXPECT_EQ(others.Count, 0);
 }
 
 TEST(Surface, TellsPressesClicksAndDoubleClicksInOrder) {
     Plot plot;
     std::string events;
-    std::pair<float, float> pressed;
     plot.Pressed = [&](float x, float y) {
-        events += "press ";
-        pressed = {x, y};
+        events += x == 1500.0F && y == 750.0F ? "press " : "press elsewhere ";
     };
     plot.Clicked = [&] { events += "click "; };
     plot.DoubleClicked = [&] { events += "double "; };
@@ -208,7 +189,6 @@ TEST(Surface, TellsPressesClicksAndDoubleClicksInOrder) {
     QTest::mouseDClick(&plot, Qt::LeftButton, {}, place);
     QTest::mouseRelease(&plot, Qt::LeftButton, {}, place);
     EXPECT_EQ(events, "press click double ");
-    EXPECT_EQ(pressed, std::pair(1500.0F, 750.0F));
 
     events.clear();
     QTest::mousePress(&plot, Qt::LeftButton, {}, place);
