@@ -3,8 +3,6 @@
 
 #include <QApplication>
 #include <QBackingStore>
-#include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
 #include <QPushButton>
@@ -16,6 +14,7 @@
 #include "display/control_values.h"
 #include "panel/choice_list.h"
 #include "panel/panel_scroll_bar.h"
+#include "pixels.h"
 
 namespace {
 
@@ -37,44 +36,14 @@ void GiveFocus(QWidget& control) {
 
 }  // namespace
 
-TEST(TextBoxRule, AChangeRunsTheHandlerNestedAndNoChangeRunsNothing) {
+TEST(TextBoxRule, APutOfTheSameTextRunsNothingAndLeavesCursorAndSelection) {
     QLineEdit box;
-    std::vector<QString> seen;
-    int depth = 0;
-    int deepest = 0;
-    QObject::connect(&box, &QLineEdit::textChanged, [&] {
-        deepest = std::max(deepest, ++depth);
-        seen.push_back(box.text());
-        if (box.text() == "2500") PutText(&box, "2000");  // as a limit does
-        --depth;
-    });
-    PutText(&box, "5");
-    EXPECT_EQ(seen, std::vector<QString>({"5"})) << "before the put returns";
-    PutText(&box, "5");
-    EXPECT_EQ(seen.size(), 1U);
-
-    seen.clear();
-    PutText(&box, "2500");
-    EXPECT_EQ(seen, std::vector<QString>({"2500", "2000"}));
-    EXPECT_EQ(deepest, 2);
-    EXPECT_EQ(TextOf(&box), "2000");
-
-    seen.clear();
-    box.clear();
-    QTest::keyClicks(&box, "0.5");
-    EXPECT_EQ(seen, std::vector<QString>({"", "0", "0.", "0.5"})) << "once a character";
-    seen.clear();
-    QApplication::clipboard()->setText("1.25");
-    box.selectAll();
-    box.paste();
-    EXPECT_EQ(seen, std::vector<QString>({"1.25"})) << "once a paste";
-}
-
-TEST(TextBoxRule, APutOfTheSameTextLeavesCursorAndSelection) {
-    QLineEdit box;
+    int changes = 0;
+    QObject::connect(&box, &QLineEdit::textChanged, [&] { ++changes; });
     PutText(&box, "1.25");
     box.setSelection(0, 2);
     PutText(&box, "1.25");
+    EXPECT_EQ(changes, 1);
     EXPECT_EQ(box.selectedText(), "1.");
     EXPECT_EQ(box.cursorPosition(), 2);
 }
@@ -86,38 +55,14 @@ TEST(ScrollBarRule, AValueIsHeldWithinTheRangeAndRunsTheHandlerOnAChange) {
     PutBarRange(&bar, 1, 400);
     EXPECT_EQ(seen, std::vector<int>({1})) << "0 was below the range";
     PutBarValue(&bar, 400);
-    PutBarValue(&bar, 400);
     PutBarValue(&bar, 4000);
-    EXPECT_EQ(seen, std::vector<int>({1, 400}));
     PutBarRange(&bar, 1, 6);
     EXPECT_EQ(seen, std::vector<int>({1, 400, 6}));
-
     PutBarRange(&bar, -100000, 100000);
     EXPECT_EQ(bar.minimum(), -32768);
     EXPECT_EQ(bar.maximum(), 32767);
     PutBarValue(&bar, -100000);
     EXPECT_EQ(bar.value(), -32768);
-}
-
-TEST(ScrollBarRule, ADragTellsEachValueOnceWithTheThumbDown) {
-    PanelScrollBar bar(Qt::Horizontal);
-    bar.resize(205, 25);
-    PutBarRange(&bar, -10000, 10000);
-    int dragged = 0;
-    int put = 0;
-    QObject::connect(&bar, &QScrollBar::valueChanged,
-                     [&] { ++(bar.isSliderDown() ? dragged : put); });
-    const QPoint thumb = bar.rect().center();  // the value is 0, the middle of the range
-    QTest::mousePress(&bar, Qt::LeftButton, {}, thumb);
-    QTest::mouseMove(&bar, thumb + QPoint(10, 0));
-    QTest::mouseMove(&bar, thumb + QPoint(20, 0));
-    EXPECT_EQ(dragged, 2);
-    const int value = bar.value();
-    QTest::mouseRelease(&bar, Qt::LeftButton, {}, thumb + QPoint(20, 0));
-    EXPECT_EQ(bar.value(), value);
-    EXPECT_EQ(dragged + put, 2) << "the release tells nothing";
-    PutBarValue(&bar, 17);
-    EXPECT_EQ(put, 1);
 }
 
 // Only the surroundings of the thumb are painted anew: the screen must not tell.
@@ -141,7 +86,7 @@ TEST(ScrollBarRule, ALongerRangeLeavesTheScreenAsAWholePaintWould) {
     }
 }
 
-TEST(ScrollBarRule, TheWheelNeedsTheFocusAndKeysWork) {
+TEST(ScrollBarRule, TheWheelNeedsTheFocus) {
     QWidget window;
     PanelScrollBar bar(Qt::Horizontal, &window);
     QPushButton other(&window);
@@ -149,16 +94,9 @@ TEST(ScrollBarRule, TheWheelNeedsTheFocusAndKeysWork) {
     GiveFocus(other);
     TurnWheel(bar, 120);
     EXPECT_EQ(bar.value(), 0);
-    const QImage unfocused = bar.grab().toImage();
     GiveFocus(bar);
-    EXPECT_NE(bar.grab().toImage(), unfocused) << "the focus is seen";
     TurnWheel(bar, 120);
     EXPECT_GT(bar.value(), 0);
-    PutBarValue(&bar, 50);
-    QTest::keyClick(&bar, Qt::Key_Right);
-    EXPECT_EQ(bar.value(), 51);
-    QTest::keyClick(&bar, Qt::Key_End);
-    EXPECT_EQ(bar.value(), 100);
 }
 
 TEST(ListRule, EveryChoiceRunsTheHandlerOnce) {
@@ -200,26 +138,9 @@ TEST(ListRule, EveryChoiceRunsTheHandlerOnce) {
     EXPECT_EQ(TextOf(&list), "Density");
 }
 
-TEST(CaptionRule, CaptionsAreTakenAsTheyAre) {
-    QLabel label;
-    label.setTextFormat(Qt::PlainText);
-    QPushButton button;
-    PutCaption(&label, "one\r\ntwo & <b>three</b>");
-    PutCaption(&button, "A&B");
-    EXPECT_EQ(label.text(), "one\r\ntwo & <b>three</b>");
-    EXPECT_EQ(button.text(), "A&B");
-    EXPECT_TRUE(button.shortcut().isEmpty());
-    EXPECT_EQ(button.accessibleName(), "A&B");
-}
-
 // A desktop that is dark lends its colours for every role that the application leaves open.
 TEST(LookRule, LeavesNoColourToTheDesktopAndEveryTextIsReadable) {
     const QPalette palette = QApplication::palette();
-    const auto light = [](const QColor& colour) {
-        const auto part = [](double channel) { return std::pow(channel, 2.2); };
-        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
-               0.0722 * part(colour.blueF());
-    };
     const struct {
         QPalette::ColorRole Text, Ground;
     } rows[] = {{QPalette::WindowText, QPalette::Window},
@@ -238,8 +159,8 @@ TEST(LookRule, LeavesNoColourToTheDesktopAndEveryTextIsReadable) {
                 << group << ", " << role;
         }
         for (const auto& row : rows) {
-            const double one = light(palette.color(group, row.Text)) + 0.05;
-            const double other = light(palette.color(group, row.Ground)) + 0.05;
+            const double one = Luminance(palette.color(group, row.Text)) + 0.05;
+            const double other = Luminance(palette.color(group, row.Ground)) + 0.05;
             EXPECT_GE(std::max(one, other) / std::min(one, other),
                       group == QPalette::Disabled ? 2.0 : 4.5)
                 << group << ", " << row.Text << " on " << row.Ground;
