@@ -9,18 +9,12 @@ namespace {
 class PanelBrowsing : public PanelTest {
 protected:
     void RunTest1() {
-        panel.Press("cmdTest1");
-        panel.Press("cmdBegin");
+        Begin();
         ASSERT_TRUE(panel.RunToEnd());
     }
 
     // The stored density of a cell.
     double Stored(int s, int i) { return state.SRho[(state.NGridCells + 2) * s + i]; }
-
-    static void PressAt(Surface* surface, QPoint place) {
-        QTest::mousePress(surface, Qt::LeftButton, {}, place);
-        QTest::mouseRelease(surface, Qt::LeftButton, {}, place);
-    }
 
     void ChooseGray(int row) {
         QListWidget* list = controls.lstGrayVariable;
@@ -66,21 +60,20 @@ TEST_F(PanelBrowsing, NeverLoadsAStateThatWasNeverStored) {
         EXPECT_EQ(state.Rho[100], 1.4) << s;
         EXPECT_GT(state.Rho[350], 0.0) << s;
     }
-    PressAt(controls.pctSpaceTime, {226, 58});
+    QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton, {}, {226, 58});
     EXPECT_EQ(state.Rho[100], 1.4);
     panel.Press("cmdContinue");
     EXPECT_EQ(state.Rho[100], 1.4);
 }
 
 TEST_F(PanelBrowsing, DoesNotMoveWhileARunGoes) {
-    panel.Press("cmdTest1");
-    panel.Press("cmdBegin");
+    Begin();
     panel.Tick(5);
     const double rho = state.Rho[150];
     const int last = state.StoredStateNumber;
     controls.vsbStoredStateNumber->setValue(1);
     controls.txtStoredStateNumber->setText("2");
-    PressAt(controls.pctSpaceTime, {226, 96});
+    QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton, {}, {226, 96});
     EXPECT_EQ(state.Rho[150], rho);
     EXPECT_EQ(state.StoredStateNumber, last);
 }
@@ -94,7 +87,7 @@ TEST_F(PanelBrowsing, PicksACellInAPlotAtAnyTime) {
         for (Surface* plot :
              {controls.pctDensityPlot, controls.pctPressurePlot, controls.pctVelocityPlot}) {
             for (const auto& [x, cell] : rows) {
-                PressAt(plot, {x, 170});
+                QTest::mouseClick(plot, Qt::LeftButton, {}, {x, 170});
                 EXPECT_EQ(state.MSelected, cell) << x;
                 EXPECT_EQ(Text("txtMSelected").toInt(), cell);
             }
@@ -112,7 +105,7 @@ TEST_F(PanelBrowsing, PicksAStoredStateInThePicture) {
         {{0, 192}, 0, 1}, {{2, 191}, 1, 2},   {{452, 96}, 48, 400}, {{451, 4}, 94, 399},
         {{2, 3}, 95, 2},  {{226, 0}, 95, 200}};  // the top half row is limited to the last state
     for (const auto& row : rows) {
-        PressAt(controls.pctSpaceTime, row.place);
+        QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton, {}, row.place);
         EXPECT_EQ(state.StoredStateNumber, row.state) << row.place.y();
         EXPECT_EQ(state.MSelected, row.cell) << row.place.x();
         EXPECT_EQ(controls.vsbStoredStateNumber->value(), state.StoredStateNumber);
@@ -194,6 +187,6 @@ TEST_F(PanelBrowsing, LeavesThePictureAloneBeforeTwoStatesAreStored) {
     const QImage picture = controls.pctSpaceTime->Image().copy();
     panel.Press("cmdRestart");
     ChooseGray(2);
-    PressAt(controls.pctSpaceTime, {226, 96});
+    QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton, {}, {226, 96});
     EXPECT_EQ(controls.pctSpaceTime->Image(), picture);
 }
