@@ -1,8 +1,8 @@
 // What a user sees of a scheme library that does what none should. The real loader finds the
 // libraries by their names on LD_LIBRARY_PATH; each fault is a process of its own, because a
 // library that has been loaded stays. The environment variable FAULT says which one is there.
-#include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -10,13 +10,9 @@
 
 namespace {
 
-struct FaultRow {
-    const char* Fault;
-    const char* Said;
-};
-
+// What the panel says of each fault.
 // clang-format off
-constexpr FaultRow Faults[] = {
+const std::map<std::string, std::string> Said = {
     {"Missing",                      "cannot be loaded (libKestrel"},
     {"NotALibrary",                  "cannot be loaded (/"},  // and the file that was found
     {"OtherEntryPoint",              ": KESTREL"},
@@ -32,11 +28,6 @@ constexpr FaultRow Faults[] = {
 
 class BadScheme : public PanelTest {
 protected:
-    void Choose(const char* scheme) {
-        const BoxAnswers answers({scheme, "0"});
-        panel.Press("cmdNumericalScheme");
-    }
-
     // Everything that a step would change.
     std::vector<double> Fields() {
         std::vector<double> all = {state.Time, state.DTime, state.TimeToPlot};
@@ -54,30 +45,26 @@ protected:
 TEST_F(BadScheme, StopsTheRunAndLeavesThePanelUsable) {
     const char* given = std::getenv("FAULT");
     ASSERT_NE(given, nullptr) << "run by ctest";
-    const auto* row = std::find_if(std::begin(Faults), std::end(Faults), [&](const FaultRow& r) {
-        return std::string(r.Fault) == given;
-    });
-    ASSERT_NE(row, std::end(Faults)) << given;
-    {
-        const BoxAnswers title({"My own scheme"});
-        panel.Press("cmdGetTitle");
-    }
-    for (const std::string scheme : {"Kestrel", "Kestrel32"}) {
+    ASSERT_TRUE(Said.contains(given)) << given;
+    Ask("cmdGetTitle", {"My own scheme"});
+    for (const char* scheme : {"Kestrel", "Kestrel32"}) {
         SCOPED_TRACE(scheme);
         panel.Press("cmdTest1");
-        Choose(scheme.c_str());
+        Ask("cmdNumericalScheme", {scheme, "0"});
         panel.Press("cmdBegin");
         const std::vector<double> before = Fields();
         EXPECT_FALSE(panel.Tick());
         EXPECT_EQ(Fields(), before);
         EXPECT_EQ(state.NStored, 1);
         const std::string said = Caption();
-        EXPECT_EQ(said.rfind("The run has stopped: the scheme " + scheme + " can", 0), 0U) << said;
-        EXPECT_NE(said.find(row->Said), std::string::npos) << said;
+        EXPECT_EQ(said.rfind(std::string("The run has stopped: the scheme ") + scheme + " can", 0),
+                  0U)
+            << said;
+        EXPECT_NE(said.find(Said.at(given)), std::string::npos) << said;
 
         panel.Press("cmdRestart");
         EXPECT_EQ(Caption(), "My own scheme");
-        Choose("Plover");
+        Ask("cmdNumericalScheme", {"Plover", "0"});
         panel.Press("cmdBegin");
         ASSERT_TRUE(panel.RunToEnd());
         EXPECT_GE(state.Time, 0.2);
