@@ -25,14 +25,12 @@ std::vector<int> Cells(const ExperimentState& state) {
 }  // namespace
 
 TEST(ControlPoints, StartAListWithTheEndCells) {
-    const struct {
-        int m;
-        std::vector<int> cells;
-    } rows[] = {{200, {0, 1, 200, 400, 401}}, {1, {0, 1, 400, 401}}, {400, {0, 1, 400, 401}}};
-    for (const auto& row : rows) {
+    const std::pair<int, std::vector<int>> rows[] = {
+        {200, {0, 1, 200, 400, 401}}, {1, {0, 1, 400, 401}}, {400, {0, 1, 400, 401}}};
+    for (const auto& [m, cells] : rows) {
         ExperimentState state = EmptyList(400);
-        InsertControlPoint(state, row.m, {2.0, 3.0, -1.0});
-        EXPECT_EQ(Cells(state), row.cells);
+        InsertControlPoint(state, m, {2.0, 3.0, -1.0});
+        EXPECT_EQ(Cells(state), cells);
         for (int i = 0; i <= 401; ++i) {
             ASSERT_TRUE(state.Rho[i] == 2.0 && state.P[i] == 3.0 && state.Ux[i] == -1.0) << i;
             ASSERT_TRUE(state.Uy[i] == 0.0 && state.FSmoke[i] == 0.0) << i;

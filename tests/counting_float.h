@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <compare>
 #include <limits>
 
 #include "schemes/operation_counts.h"
@@ -11,71 +12,33 @@ struct CountingFloat {
 
     CountingFloat() = default;
     CountingFloat(double value) : Value(value) {}  // as plain floats convert
+    // The result of an operation of that kind.
+    CountingFloat(double value, int CellCost::*kind) : Value(value) { ++(Counted().*kind); }
 
-    // Since the program began; a test takes differences.
     static CellCost& Counted() {
         static CellCost counted = {};
         return counted;
     }
+
+    using C = CountingFloat;
+    auto operator<=>(const C&) const = default;
+    C operator-() const { return -Value; }
+    friend C operator+(C a, C b) { return {a.Value + b.Value, &CellCost::Adds}; }
+    friend C operator-(C a, C b) { return {a.Value - b.Value, &CellCost::Adds}; }
+    friend C operator*(C a, C b) { return {a.Value * b.Value, &CellCost::Mults}; }
+    friend C operator/(C a, C b) { return {a.Value / b.Value, &CellCost::Recips}; }
+    friend C Root(C a) { return {std::sqrt(a.Value), &CellCost::Roots}; }
+    friend C Choose(bool condition, C a, C b) {
+        return {condition ? a.Value : b.Value, &CellCost::Selects};
+    }
+    friend C Least(C a, C b) { return Choose(a < b, a, b); }
+    friend C Most(C a, C b) { return Choose(a > b, a, b); }
+    friend C Signed(C a, C b) { return std::copysign(a.Value, b.Value); }
+    friend C Along(C a, C b) { return std::signbit(b.Value) ? -a.Value : a.Value; }
 };
 
-inline CountingFloat operator+(CountingFloat a, CountingFloat b) {
-    ++CountingFloat::Counted().Adds;
-    return a.Value + b.Value;
-}
-inline CountingFloat operator-(CountingFloat a, CountingFloat b) {
-    ++CountingFloat::Counted().Adds;
-    return a.Value - b.Value;
-}
-inline CountingFloat operator*(CountingFloat a, CountingFloat b) {
-    ++CountingFloat::Counted().Mults;
-    return a.Value * b.Value;
-}
-inline CountingFloat operator/(CountingFloat a, CountingFloat b) {
-    ++CountingFloat::Counted().Recips;
-    return a.Value / b.Value;
-}
-inline CountingFloat operator-(CountingFloat a) {
-    return -a.Value;
-}
-inline bool operator<(CountingFloat a, CountingFloat b) {
-    return a.Value < b.Value;
-}
-inline bool operator>(CountingFloat a, CountingFloat b) {
-    return a.Value > b.Value;
-}
-inline bool operator<=(CountingFloat a, CountingFloat b) {
-    return a.Value <= b.Value;
-}
-inline bool operator>=(CountingFloat a, CountingFloat b) {
-    return a.Value >= b.Value;
-}
-inline bool operator==(CountingFloat a, CountingFloat b) {
-    return a.Value == b.Value;
-}
-
-inline CountingFloat Choose(bool condition, CountingFloat a, CountingFloat b) {
-    ++CountingFloat::Counted().Selects;
-    return condition ? a : b;
-}
-inline CountingFloat Least(CountingFloat a, CountingFloat b) {
-    return Choose(a < b, a, b);
-}
-inline CountingFloat Most(CountingFloat a, CountingFloat b) {
-    return Choose(a > b, a, b);
-}
 inline CountingFloat Size(CountingFloat a) {
     return std::abs(a.Value);
-}
-inline CountingFloat Root(CountingFloat a) {
-    ++CountingFloat::Counted().Roots;
-    return std::sqrt(a.Value);
-}
-inline CountingFloat Signed(CountingFloat a, CountingFloat b) {
-    return std::copysign(a.Value, b.Value);
-}
-inline CountingFloat Along(CountingFloat a, CountingFloat b) {
-    return std::signbit(b.Value) ? -a.Value : a.Value;
 }
 
 template <>

@@ -9,9 +9,11 @@
 #include "setup/smoke.h"
 
 TEST(AllocateArrays, SizesEverythingAndBuildsTheEdgesByRepeatedAddition) {
-    const struct {
-        int n, fieldLast, workLast;
-    } rows[] = {{6, 27, 13}, {400, 1337, 407}, {5001, 16677, 5008}};
+    // clang-format off
+    const struct { int n, fieldLast, workLast; } rows[] = {
+        {6, 27, 13}, {400, 1337, 407}, {5001, 16677, 5008},
+    };
+    // clang-format on
     for (const auto& row : rows) {
         const ExperimentState state = WavyProblem(row.n);
         EXPECT_EQ(state.FSmoke.First(), -6);
@@ -27,11 +29,13 @@ TEST(AllocateArrays, SizesEverythingAndBuildsTheEdgesByRepeatedAddition) {
 }
 
 TEST(SetInitialDTime, IsATenthOfTheCourantStepAndAtMostAPlotInterval) {
-    const struct {
-        double soundSpeed, plotInterval, dTime;
-    } rows[] = {{2.0, 1.0, 0.085 * 0.1 / 2.0},  // faster than the reference speed of 1
-                {0.5, 1.0, 0.085 * 0.1},        // slower: the reference bounds the step
-                {2.0, 0.001, 0.001}};
+    // clang-format off
+    const struct { double soundSpeed, plotInterval, dTime; } rows[] = {
+        {2.0, 1.0,   0.085 * 0.1 / 2.0},  // faster than the reference speed of 1
+        {0.5, 1.0,   0.085 * 0.1},        // slower: the reference bounds the step
+        {2.0, 0.001, 0.001},
+    };
+    // clang-format on
     for (const auto& row : rows) {
         ExperimentState state = UniformProblem(10, 1.4, row.soundSpeed * row.soundSpeed, 0.0);
         state.PlotInterval = row.plotInterval;
@@ -42,10 +46,11 @@ TEST(SetInitialDTime, IsATenthOfTheCourantStepAndAtMostAPlotInterval) {
 }
 
 TEST(InitSmokePattern, LaysStripesOfEqualWidth) {
-    const struct {
-        int n, firstStripe, stripe, period, count;
-    } rows[] = {
-        {400, 10, 6, 25, 16}, {100, 3, 1, 6, 16}, {6, 2, 1, 4, 1}, {5001, 118, 78, 312, 16}};
+    // clang-format off
+    const struct { int n, firstStripe, stripe, period, count; } rows[] = {
+        {400, 10, 6, 25, 16}, {100, 3, 1, 6, 16}, {6, 2, 1, 4, 1}, {5001, 118, 78, 312, 16},
+    };
+    // clang-format on
     for (const auto& row : rows) {
         ExperimentState state = WavyProblem(row.n);
         InitSmokePattern(state);
@@ -59,38 +64,35 @@ TEST(InitSmokePattern, LaysStripesOfEqualWidth) {
     }
 }
 
-TEST(BuildRiemannProblem, PlacesTheJumpOfEveryTest) {
-    const int lastLeftCell[] = {120, 120, 200, 200, 320, 160, 200, 320};
+TEST(BuildRiemannProblem, PlacesTheJumpAndSetsTheAxesOfEveryTest) {
+    // clang-format off
+    const struct { int jump; double soundSpeed, rhoMin, rhoMax; } rows[] = {
+        {120, 1.183216,    0.125 - 1.05 * 0.05,             1.05},
+        {120, 1.183216,    0.125 - 1.05 * 0.05,             1.05},
+        {200, 0.748331,    0.9475,                          1.05},
+        {200, 0.001183216, 0.9475,                          1.05},
+        {320, 37.416574,   0.9475,                          1.05},
+        {160, 10.3708995,  5.99242 - 5.99924 * 1.05 * 0.05, 5.99924 * 1.05},
+        {200, 1.183216,    1.0 - 1.4 * 1.05 * 0.05,         1.4 * 1.05},
+        {320, 93.22547,    0.1261192 * (1.0 - 0.0525),      6.591493 * 1.05},
+    };
+    // clang-format on
     for (std::size_t test = 0; test < RiemannTests.size(); ++test) {
+        SCOPED_TRACE(testing::Message() << "test " << test + 1);
+        const auto& row = rows[test];
         const RiemannProblem& problem = RiemannTests[test];
         ExperimentState state;
         BuildRiemannProblem(state, problem);
-        const int m = lastLeftCell[test];
-        EXPECT_EQ(state.MSelected, m);
-        EXPECT_EQ(state.Rho[m], problem.RhoL);
-        EXPECT_EQ(state.Rho[m + 1], problem.RhoR);
+        EXPECT_EQ(state.MSelected, row.jump);
+        EXPECT_EQ(state.Rho[row.jump], problem.RhoL);
+        EXPECT_EQ(state.Rho[row.jump + 1], problem.RhoR);
         EXPECT_EQ(state.P[0], problem.PL);
         EXPECT_EQ(state.Uy[401], problem.UyR);
         EXPECT_EQ(state.MSelList[5], 401);
         EXPECT_EQ(state.SP[401], static_cast<float>(problem.PR));
-    }
-}
-
-TEST(BuildRiemannProblem, SetsAxesAndReferenceSpeed) {
-    const struct {
-        std::size_t test;
-        double soundSpeed, rhoMin, rhoMax;
-    } rows[] = {{1, 1.183216, 0.125 - 1.05 * 0.05, 1.05},
-                {3, 0.748331, 0.9475, 1.05},
-                {4, 0.001183216, 0.9475, 1.05},
-                {8, 93.22547, 0.1261192 * (1.0 - 0.0525), 6.591493 * 1.05}};
-    for (const auto& row : rows) {
-        ExperimentState state;
-        const RiemannProblem& problem = RiemannTests[row.test - 1];
-        BuildRiemannProblem(state, problem);
         EXPECT_NEAR(state.SoundSpeed0, row.soundSpeed, 1e-6 * row.soundSpeed);
-        EXPECT_NEAR(state.RhoMin, row.rhoMin, 1e-12) << "test " << row.test;
-        EXPECT_NEAR(state.RhoMax, row.rhoMax, 1e-12) << "test " << row.test;
+        EXPECT_NEAR(state.RhoMin, row.rhoMin, 1e-12);
+        EXPECT_NEAR(state.RhoMax, row.rhoMax, 1e-12);
         const auto [low, high] = std::minmax({problem.UxL, problem.UxR});
         EXPECT_DOUBLE_EQ(state.VXMin, low - 0.05 * state.SoundSpeed0);
         EXPECT_DOUBLE_EQ(state.VXMax, high + 0.05 * state.SoundSpeed0);

@@ -19,19 +19,11 @@ TEST(ReadNumber, TakesEveryFormOfADecimalNumberAndNothingElse) {
 }
 
 TEST(RoundToEven, SplitsTiesToEvenAndStaysInRange) {
-    const struct {
-        double value;
-        int rounded;
-    } rows[] = {{0.5, 0},
-                {1.5, 2},
-                {2.5, 2},
-                {-0.5, 0},
-                {-1.5, -2},
-                {400.49, 400},
-                {std::nan(""), 0},
-                {1e300, std::numeric_limits<int>::max()},
-                {-1e300, std::numeric_limits<int>::min()}};
-    for (const auto& row : rows) EXPECT_EQ(RoundToEven(row.value), row.rounded) << row.value;
+    constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+    const std::pair<double, int> rows[] = {{0.5, 0},      {1.5, 2},        {2.5, 2},
+                                           {-0.5, 0},     {-1.5, -2},      {400.49, 400},
+                                           {1e300, most}, {-1e300, least}, {std::nan(""), 0}};
+    for (const auto& [value, rounded] : rows) EXPECT_EQ(RoundToEven(value), rounded) << value;
 }
 
 TEST(FormatNumber, ShowsDigitByDigit) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/experiment_state.h"
+#include "setup/blast_waves.h"
 #include "setup/grid.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -15,41 +16,37 @@ namespace {
 
 constexpr int MaxGridCells = 5001;
 
-struct Point {
-    int M;
-    double X, Rho, P, Vx;
-};
-
-void SetPoints(ExperimentState& state, const std::vector<Point>& points) {
-    ResizeControlPointLists(state);
-    state.NSelected = static_cast<int>(points.size()) - 2;
-    int k = -1;
-    for (const Point& point : points) {
-        state.MSelList[++k] = point.M;
-        state.XSelList[k] = point.X;
-        state.RhoSelList[k] = point.Rho;
-        state.PSelList[k] = point.P;
-        state.VxSelList[k] = point.Vx;
-    }
-}
-
-// Three pressures on 400 cells.
+// The two blast waves, on axes that a run has grown.
 ExperimentState ThreePressures() {
     ExperimentState state;
+    BuildBlastWaves(state);
+    state.SoundSpeed0 = 1.0;
     state.RhoMax = 1.05;
     state.RhoMin = 0.95;
     state.PMax = 1049.9995;
     state.PMin = -49.9895;
     state.VXMax = 1.8708286933869707;
     state.VXMin = -1.8708286933869707;
-    SetPoints(state, {{0, -1e-07, 1, 1000, 0},
-                      {1, 1e-07, 1, 1000, 0},
-                      {40, 0.0999999, 1, 1000, 0},
-                      {41, 0.1000001, 1, 0.01, 0},
-                      {360, 0.8999999, 1, 0.01, 0},
-                      {361, 0.9000001, 1, 100, 0},
-                      {400, 0.9999999, 1, 100, 0},
-                      {401, 1.0000001, 1, 100, 0}});
+    return state;
+}
+
+// Every list full, with numbers of all sizes.
+ExperimentState FullLists() {
+    ExperimentState state;
+    state.NGridCells = MaxGridCells;
+    state.NDifferenceScheme = -7;
+    state.SoundSpeed0 = 1.18321595661992;
+    state.Periods = 1e-20;
+    state.NPlotsPerPeriod = 2000000000;
+    state.NSelected = MaxGridCells;
+    ResizeControlPointLists(state);
+    for (int m = 0; m <= MaxGridCells + 1; ++m) {
+        state.MSelList[m] = m;
+        state.XSelList[m] = m / 5001.0;
+        state.RhoSelList[m] = 1e-8 + m;
+        state.PSelList[m] = 1e12 / (m + 1);
+        state.VxSelList[m] = m % 2 == 0 ? -m : 1e-300;
+    }
     return state;
 }
 
@@ -62,14 +59,14 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
 
 std::string ReplacedOnce(std::string text, const std::string& what, const std::string& by) {
     const std::size_t at = text.find(what);
-    if (at == std::string::npos) ADD_FAILURE() << "no " << what;
+    EXPECT_NE(at, std::string::npos) << "no " << what;
     return at == std::string::npos ? text : text.replace(at, what.size(), by);
 }
 
 }  // namespace
 
 TEST(WriteSetUpText, PutsEveryFieldInItsColumn) {
-    EXPECT_EQ(WriteSetUpText(ThreePressures()), Replaced(R"("NDifferenceScheme",    3
+    const std::string lines = R"("NDifferenceScheme",    3
 "NGridCells",           400
 "SoundSpeed0",          1
 "CourantNumber",        0.85
@@ -92,23 +89,12 @@ TEST(WriteSetUpText, PutsEveryFieldInItsColumn) {
 361,          0.9000001,               1,                       100,                     0
 400,          0.9999999,               1,                       100,                     0
 401,          1.0000001,               1,                       100,                     0
-)",
-                                                         "\n", "\r\n"));
+)";
+    EXPECT_EQ(WriteSetUpText(ThreePressures()), Replaced(lines, "\n", "\r\n"));
 }
 
 TEST(ReadSetUpText, GivesBackWhatWasWritten) {
-    ExperimentState wide;
-    wide.NGridCells = MaxGridCells;
-    wide.NDifferenceScheme = -7;
-    wide.SoundSpeed0 = 1.18321595661992;
-    wide.Periods = 1e-20;
-    wide.NPlotsPerPeriod = 2000000000;
-    std::vector<Point> points;
-    for (int m = 0; m <= MaxGridCells + 1; ++m) {
-        points.push_back({m, m / 5001.0, 1e-8 + m, 1e12 / (m + 1), m % 2 == 0 ? -m : 1e-300});
-    }
-    SetPoints(wide, points);
-    for (const ExperimentState& state : {ThreePressures(), wide}) {
+    for (const ExperimentState& state : {ThreePressures(), FullLists()}) {
         const std::string text = WriteSetUpText(state);
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
         const SetUpReading reading = ReadSetUpText(text, MaxGridCells);

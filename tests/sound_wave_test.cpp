@@ -31,10 +31,11 @@ TEST(SoundWave, GivesTheKnownRightGoingWave) {
 // A right-going wave moves velocity and pressure the same way, a left-going one against each other,
 // and an entropy wave neither.
 TEST(SoundWave, KeepsToItsFamily) {
-    const struct {
-        double plus, minus, entropy;
-        int sign;
-    } rows[] = {{0.01, 0.0, 0.0, 1}, {0.0, 0.01, 0.0, -1}, {0.0, 0.0, 0.01, 0}};
+    // clang-format off
+    const struct { double plus, minus, entropy; int sign; } rows[] = {
+        {0.01, 0.0, 0.0, 1}, {0.0, 0.01, 0.0, -1}, {0.0, 0.0, 0.01, 0},
+    };
+    // clang-format on
     for (const auto& row : rows) {
         const auto wave = IntegrateSoundWave(Waves(100, row.plus, row.minus, row.entropy, 0.3));
         ASSERT_TRUE(wave);

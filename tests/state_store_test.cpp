@@ -5,24 +5,23 @@
 #include "problems.h"
 
 TEST(AllocateStore, KeepsRoomForStateZeroAndForNoMoreThanTheTimes) {
-    const struct {
-        int plots, slots;
-    } rows[] = {{600, 600}, {0, 1}, {-5, 1}, {2002, 2002}, {2003, 2002}, {2147483647, 2002}};
+    const std::pair<int, int> rows[] = {{600, 600},   {0, 1},       {-5, 1},
+                                        {2002, 2002}, {2003, 2002}, {2147483647, 2002}};
     ExperimentState state = WavyProblem(5001);
-    for (const auto& row : rows) {
-        state.NPlotsTotal = row.plots;
+    for (const auto& [plots, slots] : rows) {
+        state.NPlotsTotal = plots;
         AllocateStore(state);
-        EXPECT_EQ(state.StoreCapacity, 5003 * row.slots);
+        EXPECT_EQ(state.StoreCapacity, 5003 * slots);
         EXPECT_EQ(state.SEntropy.Last(), state.StoreCapacity);
     }
 }
 
 TEST(SetNPlotsTotal, RoundsTiesToEvenAndStaysInRange) {
-    const struct {
-        int perPeriod;
-        double periods;
-        int total;
-    } rows[] = {{400, 1.5, 600}, {1, 0.5, 0}, {3, 0.5, 2}, {2000000000, 3.0, 2147483647}};
+    // clang-format off
+    const struct { int perPeriod; double periods; int total; } rows[] = {
+        {400, 1.5, 600}, {1, 0.5, 0}, {3, 0.5, 2}, {2000000000, 3.0, 2147483647},
+    };
+    // clang-format on
     for (const auto& row : rows) {
         ExperimentState state;
         state.NPlotsPerPeriod = row.perPeriod;
