@@ -187,17 +187,27 @@ Flow Mirrored(const Flow& flow) {
 }
 
 TEST_P(SchemeContract, MirrorsAMirroredFlow) {
-    Flow flow = RoughFlow(100);
+    Flow rough = RoughFlow(100);
     // Cells of exactly equal width on both sides of 0, so that the mirror image is exact.
-    for (int i = 1 - B; i <= flow.N + B + 1; ++i) flow.Edges[flow.At(i)] = (i - 51) / 128.0;
-    const Flow mirrored = Mirrored(flow);
-    Flow next = flow;
-    Flow nextMirrored = flow;
-    for (const double courant : {0.2, 0.85}) {
-        const double step = StepAt(flow, courant);
-        scheme_.Advance(flow, constants_, step, next);
-        scheme_.Advance(mirrored, constants_, step, nextMirrored);
-        ExpectSameBits(nextMirrored, Mirrored(next));
+    for (int i = 1 - B; i <= rough.N + B + 1; ++i) rough.Edges[rough.At(i)] = (i - 51) / 128.0;
+    Flow evenWarmth = rough;
+    evenWarmth.P = evenWarmth.Rho;
+    Flow parting = rough;
+    for (int cell = 1 - B; cell <= parting.N + B; ++cell) {
+        const std::size_t i = parting.At(cell);
+        parting.Rho[i] = parting.P[i] = 1.0;
+        parting.Ux[i] = cell <= 50 ? -24.0 : 24.0;
+    }
+    for (const Flow& flow : {rough, evenWarmth, parting}) {
+        const Flow mirrored = Mirrored(flow);
+        Flow next = flow;
+        Flow nextMirrored = flow;
+        for (const double courant : {0.2, 0.85}) {
+            const double step = StepAt(flow, courant);
+            scheme_.Advance(flow, constants_, step, next);
+            scheme_.Advance(mirrored, constants_, step, nextMirrored);
+            ExpectSameBits(nextMirrored, Mirrored(next));
+        }
     }
 }
 
