@@ -58,10 +58,11 @@ TEST_P(SchemeAccuracy, KeepsItsErrorsOnShockTubes) {
     }
 }
 
-// Jumps, and pits of one cell between equal neighbours.
+// Jumps with one cell between their values, and pits of one cell between equal neighbours.
 double Blocks(int cell, int length) {
     const double base = cell / length % 2;
-    return cell % length == length / 2 ? base - 0.5 : base;
+    const int place = cell % length;
+    return place == 0 ? 0.5 : place == length / 2 ? base - 0.5 : base;
 }
 
 TEST_P(SchemeAccuracy, LeavesGasAtRestWhateverItHolds) {
