@@ -72,14 +72,16 @@ TEST_P(SchemeAccuracy, LeavesGasAtRestWhateverItHolds) {
         flow.Rho[i] = 2.0 + Blocks(cell, 12);
         flow.P[i] = 1.0;
         flow.Uy[i] = Blocks(cell, 9);
-        if (CarriesSmoke(GetParam())) flow.Smoke[i] = Blocks(cell, 10);
+        flow.Smoke[i] = Blocks(cell, 10);
     }
     FillNeighbours(flow, Boundary::Reflecting);
     Flow next = flow;
     scheme_.Advance(flow, {}, 2e-3, next);
-    for (const auto field : {&Flow::Rho, &Flow::P, &Flow::Ux, &Flow::Uy, &Flow::Smoke})
+    for (const auto field : {&Flow::Rho, &Flow::P, &Flow::Ux, &Flow::Uy, &Flow::Smoke}) {
+        if (field == &Flow::Smoke && !CarriesSmoke(GetParam())) continue;
         for (std::size_t i = flow.At(1); i <= flow.At(flow.N); ++i)
             EXPECT_NEAR((next.*field)[i], (flow.*field)[i], 1e-6) << "element " << i;
+    }
 }
 
 TEST_P(SchemeAccuracy, SeesNoTransverseVelocityInTheFlowAlongTheGrid) {
