@@ -14,6 +14,15 @@ struct EdgeStates {
     Row<Float> RhoRight, PRight, UxRight;
 };
 
+// Gives an edge that has no cell on its right the same state there as on its left; no real cell
+// asks for it.
+template <typename Float>
+void CloseEdge(EdgeStates<Float>& states, int i) {
+    states.RhoRight[i] = states.RhoLeft[i];
+    states.PRight[i] = states.PLeft[i];
+    states.UxRight[i] = states.UxLeft[i];
+}
+
 // The shares of a cell that a kind of wave carries out through its right and its left edge, given
 // the speed of the wave at the cell's centre and the change of that speed across the cell. Below 0
 // where the wave goes the other way. Moving the speed from the centre to the edge, and back by

@@ -36,7 +36,7 @@ struct StepRows {
 // decides whether its fluxes have to be mended.
 constexpr int FirstPredicted = -2;
 
-// Predicted states beside the edges -1..n+3 from the cells around them.
+// Predicted states beside the edges -1..last+1 from the cells around them.
 template <typename Float>
 void Predict(const StripState<Float>& strip, const StepConstants<Float>& constants,
              StepRows<Float>& rows, int last, int* counters) {
@@ -52,10 +52,17 @@ void Predict(const StripState<Float>& strip, const StepConstants<Float>& constan
         FlattenThinShocks(strip, predictor.Rho, predictor.Ux, predictor.P, first, last);
     CountOperations(ShockCost, std::min(flattened, n), counters);
     PredictEdgeStates(strip, rows.Cells, constants.Gamma, predictor, rows.States, first, last);
-    // The last edge has no cell on its right here; no real cell asks for it.
-    rows.States.RhoRight[last + 1] = rows.States.RhoLeft[last + 1];
-    rows.States.PRight[last + 1] = rows.States.PLeft[last + 1];
-    rows.States.UxRight[last + 1] = rows.States.UxLeft[last + 1];
+    CloseEdge(rows.States, last + 1);
+}
+
+// Whether the transverse velocity is the same everywhere. Only then may a quiet block be left as it
+// is: the mass that the fluxes of an even flow carry is off in the last bit, which shows in a
+// transverse velocity that varies, and in nothing else.
+template <typename Float>
+bool IsEven(const Float* transverse, int n, int* counters) {
+    const VaryingCells varying = FindVarying(transverse, n);
+    CountOperations(CarriedSearchCost, n, counters);
+    return varying.Last < varying.First;
 }
 
 template <typename Float>
@@ -68,11 +75,7 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
                                          rows.Cells, FirstPredicted, last);
     CountOperations(PreparationCost, n, counters);
     bool mended = false;
-    // In an even flow the mass that these fluxes carry is off in the last bit, which shows in a
-    // transverse velocity alone.
-    const VaryingCells varying = FindVarying(strip.Uy, n);
-    CountOperations(CarriedSearchCost, n, counters);
-    if (varying.Last < varying.First && IsQuiet(strip, counters)) {
+    if (IsQuiet(strip, counters) && IsEven(strip.Uy, n, counters)) {
         KeepGas(strip, rows.Fluxes, rows.Corrector.Next);
         CountOperations(QuietCost, n, counters);
     } else {

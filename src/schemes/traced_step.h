@@ -59,10 +59,7 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
         SteepenContacts(strip, rows.Cells, constants.Gamma, rows.States, first, last);
     CountOperations(ContactSearchCost, n, counters);
     CountOperations(ContactCost, std::min(steepened, n), counters);
-    // The last edge has no cell on its right here; no real cell asks for it.
-    rows.States.RhoRight[last + 1] = rows.States.RhoLeft[last + 1];
-    rows.States.PRight[last + 1] = rows.States.PLeft[last + 1];
-    rows.States.UxRight[last + 1] = rows.States.UxLeft[last + 1];
+    CloseEdge(rows.States, last + 1);
 }
 
 template <typename Float>
