@@ -1,10 +1,10 @@
 #include "display/space_time_spread.h"
 
 #include <algorithm>
-#include <bit>
 #include <cassert>
 #include <cstddef>
 
+#include "model/finite_values.h"
 #include "model/wide_vectors.h"
 
 namespace {
@@ -82,16 +82,6 @@ void LayRows(int NS, int H, SpreadWork& work) {
         // A state that ends in the row of its beginning still stands in the next one.
         if (span.LastPart > Dust) stand(std::max(span.Last, span.First + 1), j);
     }
-}
-
-// No branches and no sums: this turns into vector instructions.
-bool AllFinite(const float* values, int count) {
-    constexpr std::uint32_t exponent = 0x7F800000;
-    std::uint32_t found = 0;
-    for (int i = 0; i < count; ++i) {
-        found |= (std::bit_cast<std::uint32_t>(values[i]) & exponent) == exponent ? 1U : 0U;
-    }
-    return found == 0;
 }
 
 // Level, and Touch: the touches of cells 1..N, and behind them their raw levels.

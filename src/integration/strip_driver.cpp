@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <limits>
 
 #include "integration/tick_arrays.h"
 #include "model/experiment_state.h"
+#include "model/finite_values.h"
 #include "model/wide_vectors.h"
 
 namespace {
@@ -78,12 +78,8 @@ WIDE_VECTORS bool Gather(const OffsetArray<Float>& result, const Strip& strip, i
     const int count = std::min(strip.Width, nGridCells - strip.Offset);
     const Float* from = result.At(boundary);
     double* to = field.At(strip.Offset + 1);
-    int odd = 0;
-    for (int i = 0; i < count; ++i) {
-        odd |= static_cast<int>(!(std::abs(from[i]) <= std::numeric_limits<Float>::max()));
-    }
     for (int i = 0; i < count; ++i) to[i] = from[i];
-    return odd == 0;
+    return AllFinite(from, count);
 }
 
 template <typename Float>

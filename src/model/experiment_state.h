@@ -133,9 +133,10 @@ struct ExperimentState {
     std::string StudentName;       // answer to the name prompt
     std::string TitleText;         // title of the experiment
     int TitleSet = 0;              // 1 once a title has been entered
-    std::string StopMessage;       // why the last run that came to a halt did so, as shown
-    std::string
-        CaptionBeforeStop;  // caption of lblStudentID that the message has taken the place of
+    // Why the last run that came to a halt did so, as lblStudentID shows it, and the caption there
+    // that it has taken the place of.
+    std::string StopMessage;
+    std::string CaptionBeforeStop;
 
     // ---- Space-time picture ----
     SpaceTimeRaster Raster1;  // for pctSpaceTime at its normal size
