@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QBackingStore>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPalette>
 #include <QPushButton>
@@ -13,6 +14,7 @@
 
 #include "display/control_values.h"
 #include "panel/choice_list.h"
+#include "panel/frame_pacer.h"
 #include "panel/panel_scroll_bar.h"
 #include "pixels.h"
 
@@ -166,4 +168,31 @@ TEST(LookRule, LeavesNoColourToTheDesktopAndEveryTextIsReadable) {
                 << group << ", " << row.Text << " on " << row.Ground;
         }
     }
+}
+
+TEST(FramePacer, PaintsOncePerPictureOfTheScreenTheFirstAtOnceAndAlwaysTheLast) {
+    class Painted : public QWidget {
+    public:
+        std::vector<int> Seen;
+        int State = 0;
+        void paintEvent(QPaintEvent* /*event*/) override { Seen.push_back(State); }
+    } window;
+    new FramePacer(window);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QTest::qWait(100);
+    window.Seen.clear();
+
+    QElapsedTimer clock;
+    clock.start();
+    constexpr int states = 1000;
+    while (window.State < states) {
+        ++window.State;
+        window.update();
+        QCoreApplication::processEvents();
+    }
+    constexpr qint64 fastestScreen = 4;  // milliseconds between two pictures
+    EXPECT_LE(window.Seen.size(), static_cast<std::size_t>(2 + clock.elapsed() / fastestScreen));
+    EXPECT_EQ(window.Seen.front(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.Seen.back() == states; }));
 }

@@ -79,11 +79,11 @@ void Surface::BoxOutline(float x, float y, float w, float h) {
     Keep(Box{QPointF(x, y), QPointF(x, y) + QPointF(w, h), false}, 2);
 }
 
-void Surface::ShowGray(const QImage& gray) {
+void Surface::ShowGray(QImage gray) {
     if (gray.isNull()) return;
     assert(gray.format() == QImage::Format_Grayscale8);
     Erase();
-    Keep(InColour(gray), 0);
+    Keep(std::move(gray), 0);
 }
 
 void Surface::Refresh() {
@@ -171,8 +171,9 @@ void Surface::Draw(const Box& box) {
 
 void Surface::Draw(const QImage& picture) {
     QPainter painter(&image_);
-    painter.drawImage(QRectF(QPointF(), QSizeF(image_.size()) / devicePixelRatioF()), picture,
-                      picture.rect());
+    const bool isGray = picture.format() == QImage::Format_Grayscale8;
+    painter.drawImage(QRectF(QPointF(), QSizeF(image_.size()) / devicePixelRatioF()),
+                      isGray ? InColour(picture) : picture, picture.rect());
 }
 
 void Surface::paintEvent(QPaintEvent* /*event*/) {

@@ -42,9 +42,9 @@ public:
     void BoxFilled(float x, float y, float w, float h);
     void BoxOutline(float x, float y, float w, float h);
 
-    // Shows a copy of a picture in 256 grays, 8 bits a pixel, over the whole surface, in place of
-    // all that was drawn.
-    void ShowGray(const QImage& gray);
+    // Shows a picture in 256 grays, 8 bits a pixel, over the whole surface, in place of all that
+    // was drawn. The picture owns its pixels.
+    void ShowGray(QImage gray);
 
     // True while nobody will see what is drawn here, because the surface is going to be cleared
     // first: whoever draws can leave it out. Changes nothing that the surface shows.

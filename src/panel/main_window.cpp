@@ -15,6 +15,7 @@
 #include "model/start_up.h"
 #include "panel/choice_list.h"
 #include "panel/common_dialog.h"
+#include "panel/frame_pacer.h"
 #include "panel/panel_scroll_bar.h"
 #include "panel/pictures.h"
 #include "panel/spoken_role.h"
@@ -65,6 +66,7 @@ frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
     ConnectBoxes();
     ConnectKeys();
     ConnectTimer();
+    new FramePacer(*this);  // owned by the window
 }
 
 QFont frmTernlow::FontOf(const PanelFont& font) const {
