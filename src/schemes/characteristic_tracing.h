@@ -28,13 +28,14 @@ void CloseEdge(EdgeStates<Float>& states, int i) {
 // where the wave goes the other way. Moving the speed from the centre to the edge, and back by
 // three quarters of what the wave sweeps, makes the flux of a simple wave right to third order in
 // the step.
+//   back    that part, 3/4 or more
 template <typename Float>
 struct SweptShares {
     Float Right, Left;
 
-    [[gnu::always_inline]] SweptShares(Float speed, Float rise, Float stepPerWidth) {
+    [[gnu::always_inline]] SweptShares(Float speed, Float rise, Float stepPerWidth, Float back) {
         const Float spread = rise * stepPerWidth;
-        const Float centre = (speed * stepPerWidth) * (Float(1) - Float(0.75) * spread);
+        const Float centre = (speed * stepPerWidth) * (Float(1) - back * spread);
         Right = Float(0.5) * spread + centre;
         Left = Float(0.5) * spread - centre;
     }
@@ -106,7 +107,8 @@ template <bool KnownSubsonic, typename Float>
     const Float u = strip.Ux[i];
     const Float c = cells.SoundSpeed[i];
     const Float perZ = cells.PerImpedance[i];
-    const Float perSquare = (perZ * rho) * (perZ * rho);
+    const Float perC = perZ * rho;
+    const Float perSquare = perC * perC;
     const Float plusBelow = parabolas.Plus.FromLeft[i];
     const Float plusAbove = parabolas.Plus.ToRight[i];
     const Float minusBelow = parabolas.Minus.FromLeft[i];
@@ -116,10 +118,14 @@ template <bool KnownSubsonic, typename Float>
     const Float ratio = cells.StepPerWidth[i];
     const Float riseU = half * (strip.Ux[i + 1] - strip.Ux[i - 1]);
     const Float riseC = half * (cells.SoundSpeed[i + 1] - cells.SoundSpeed[i - 1]);
+    // More where the gas expands by a good part of the sound speed from cell to cell: that draws
+    // the ends of strong rarefactions together again, which the first steps have rounded.
+    const Float expansion = Float(20) * (riseU * perC);
+    const Float back = Between(Float(0.75), expansion + Float(0.75), Float(1.5));
 
-    const SweptShares<Float> plus(u + c, riseU + riseC, ratio);
-    const SweptShares<Float> minus(u - c, riseU - riseC, ratio);
-    const SweptShares<Float> still(u, riseU, ratio);
+    const SweptShares<Float> plus(u + c, riseU + riseC, ratio, back);
+    const SweptShares<Float> minus(u - c, riseU - riseC, ratio, back);
+    const SweptShares<Float> still(u, riseU, ratio, back);
     const Float plusOut = Most(plus.Right, zero);
     const Float minusOut = Most(minus.Left, zero);
     Float plusSecond = plusOut;
@@ -179,7 +185,8 @@ template <typename Float>
     const Jump<Float> jump(rho, i);
     const Float share =
         Choose(IsContact(strip, EvenPressure<Float>(), gamma, i), jump.Share(), Float(0));
-    const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i]);
+    const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i],
+                                   Float(0.75));
     const Float right =
         rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Most(swept.Right, Float(0)));
     const Float left =

@@ -10,12 +10,13 @@
 #include "schemes/shock_flattening.h"
 
 // Cost of a cell in what every step does, in what is done unless the block is quiet, and in what is
-// done only for the chunks that need it: where there is a shock, where the gas is faster than
-// sound, where there is a contact, and where an edge is not weak.
+// done only for the chunks that need it: where there is a shock, a slow one, where the gas is
+// faster than sound, where there is a contact, and where an edge is not weak.
 constexpr CellCost PreparationCost = {2, 11, 1, 2, 1};
-constexpr CellCost GasCost = {156, 146, 2, 81, 0};
+constexpr CellCost GasCost = {157, 147, 2, 83, 0};
 constexpr CellCost ShockSearchCost = {3, 1, 0, 3, 0};
-constexpr CellCost FlatteningCost = {9, 9, 1, 16, 0};
+constexpr CellCost ShockLossCost = {9, 8, 2, 15, 0};
+constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
 constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
 constexpr CellCost ContactSearchCost = {11, 6, 0, 6, 0};
 constexpr CellCost ContactCost = {31, 17, 5, 17, 0};
@@ -48,11 +49,12 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
     const int n = strip.Cells;
     const int first = FirstTraced;
     InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
-    const Float strength = Between(Float(0), Float(1.0 / 6.0) * constants.Difcon, Float(1));
+    const Float strength = FlatteningStrength(constants.Difcon);
     CountOperations(ShockSearchCost, n, counters);
-    const int flattened =
-        FlattenShocks(strip, constants.Shkjmp, strength, rows.Failed, rows.Parabolas, first, last);
-    CountOperations(FlatteningCost, std::min(flattened, n), counters);
+    const ShockedCells shocked = FlattenShocks(strip, rows.Cells.Signal.Origin(), constants.Shkjmp,
+                                               strength, rows.Failed, rows.Parabolas, first, last);
+    CountOperations(ShockLossCost, std::min(shocked.InShock, n), counters);
+    CountOperations(FlatteningCost, std::min(shocked.Flattened, n), counters);
     const int supersonic = TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last);
     CountOperations(SupersonicCost, std::min(supersonic, n), counters);
     const int steepened =
@@ -70,7 +72,7 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     const int lastCell = PaddedLast(FirstTraced, n + 3);
     const int lastEdge = lastCell + 1;
     const Float courant = PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Failed,
-                                       rows.Cells, FirstTraced - 1, lastCell + 1);
+                                       rows.Cells, FirstTraced - 2, lastCell + 2);
     CountOperations(PreparationCost, n, counters);
     bool mended = false;
     if (IsQuiet(strip, counters)) {
