@@ -15,7 +15,7 @@
 constexpr CellCost PreparationCost = {2, 11, 1, 2, 1};
 constexpr CellCost GasCost = {157, 147, 2, 83, 0};
 constexpr CellCost ShockSearchCost = {3, 1, 0, 3, 0};
-constexpr CellCost ShockLossCost = {9, 8, 2, 15, 0};
+constexpr CellCost ShockLossCost = {10, 8, 2, 17, 0};
 constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
 constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
 constexpr CellCost ContactSearchCost = {11, 6, 0, 6, 0};

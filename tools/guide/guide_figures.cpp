@@ -123,12 +123,13 @@ void PrintWallHeatingByGrid() {
     for (const char* cells : {"200", "800"}) {
         Panel panel;
         panel.Type("txtNGridCells", cells);
+        ChooseScheme(panel, "Plover");
         PressTest(panel, 4);
         RunOrExit(panel);
         const ExperimentState& state = panel.Form().state;
         int wrong = 0;
         for (int i = 1; i <= state.NGridCells; ++i) wrong += state.Rho[i] > 6.06;
-        std::printf("    %s cells: rho %.4f, %d cells more than 1 %% too dense\n", cells,
+        std::printf("    Plover, %s cells: rho %.4f, %d cells more than 1 %% too dense\n", cells,
                     state.Rho[state.NGridCells / 2], wrong);
     }
 }
