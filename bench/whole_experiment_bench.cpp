@@ -1,8 +1,9 @@
 // The whole instrument in a window that is on the screen, as its user works it.
 //
 //   DefaultProblem, Test1   from Begin to the end of the run, ticks fired back to back and the
-//                           screen brought up to date after each; the counters tell the time steps
-//                           and cell updates per second and the share of every part
+//                           window's events handled after each, so that it is painted as often as
+//                           its screen shows pictures; the counters tell the time steps and cell
+//                           updates per second and the share of every part
 //   TypeGridSize            5001 typed into the grid box at the default problem, digit by digit
 //   ReadFullSetUp           opening and applying a set-up file with a point in each of 5001 cells
 //   StartUp                 the program from its start to a painted window, as a process of its own
@@ -50,7 +51,7 @@ private:
     }
 };
 
-void BringScreenUpToDate() {
+void HandleEvents() {
     const TimeOf time(Part::Widgets);
     QCoreApplication::processEvents();
 }
@@ -60,7 +61,7 @@ class ShownPanel : public Panel {
 public:
     ShownPanel() : hold_(Form().controls) {
         Form().show();
-        BringScreenUpToDate();
+        HandleEvents();
     }
 
 private:
@@ -88,13 +89,13 @@ void RunToEnd(benchmark::State& run, ShownPanel& panel) {
         panel.Press("cmdBegin");
         while (state.Stopped == 0) {
             tmrMetronome_Timer(state, panel.Form().controls);
-            BringScreenUpToDate();
+            HandleEvents();
         }
         PartClock::Get().Pause();
 
         run.PauseTiming();
         panel.Press("cmdRestart");
-        BringScreenUpToDate();
+        HandleEvents();
         run.ResumeTiming();
     }
     TellShares(run, state.NGridCells);
@@ -116,11 +117,11 @@ void TypeGridSize(benchmark::State& run) {
     ShownPanel panel;
     for (auto _ : run) {
         panel.Type("txtNGridCells", QString::number(LargestGrid));
-        BringScreenUpToDate();
+        HandleEvents();
 
         run.PauseTiming();
         panel.Type("txtNGridCells", "400");
-        BringScreenUpToDate();
+        HandleEvents();
         run.ResumeTiming();
     }
 }
@@ -158,7 +159,7 @@ void ReadFullSetUp(benchmark::State& run) {
     for (auto _ : run) {
         const BoxAnswers answers({name});
         panel.Press("cmdReadSetUp");
-        BringScreenUpToDate();
+        HandleEvents();
     }
     if (panel.Form().state.NSelected != LargestGrid) run.SkipWithError("the file was not taken");
 }
