@@ -178,13 +178,12 @@ int TraceStates(StripState<Float> strip, const CellRows<Float>& cells,
 // parabola's. The pressure is even there, so that the density is all that differs.
 template <typename Float>
 [[gnu::always_inline]] inline void SteepenContact(const StripState<Float>& strip,
-                                                  const CellRows<Float>& cells, Float gamma,
+                                                  const CellRows<Float>& cells,
                                                   EdgeStates<Float>& states, int i) {
     const Float* rho = strip.Rho;
     const Float* u = strip.Ux;
     const Jump<Float> jump(rho, i);
-    const Float share =
-        Choose(IsContact(strip, EvenPressure<Float>(), gamma, i), jump.Share(), Float(0));
+    const Float share = Choose(IsContact(strip, i), jump.Share(), Float(0));
     const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i],
                                    Float(0.75));
     const Float right =
@@ -200,19 +199,17 @@ template <typename Float>
 // Does so in cells first..last, a whole number of chunks. Returns how many of them lie in chunks
 // that hold a contact.
 template <typename Float>
-int SteepenContacts(StripState<Float> strip, const CellRows<Float>& cells, Float gamma,
+int SteepenContacts(StripState<Float> strip, const CellRows<Float>& cells,
                     EdgeStates<Float>& states, int first, int last) {
     int steepened = 0;
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const auto holdsContact = [&](int i) {
-            return IsContact(strip, EvenPressure<Float>(), gamma, i) &
-                   Jump<Float>(strip.Rho, i).IsOne();
+            return IsContact(strip, i) & Jump<Float>(strip.Rho, i).IsOne();
         };
         if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
         steepened += CellsAtOnce;
 #pragma omp simd
-        for (int i = chunk; i < chunk + CellsAtOnce; ++i)
-            SteepenContact(strip, cells, gamma, states, i);
+        for (int i = chunk; i < chunk + CellsAtOnce; ++i) SteepenContact(strip, cells, states, i);
     }
     return steepened;
 }

@@ -41,9 +41,9 @@ constexpr CellCost SearchCost = {2, 5, 2, 3, 1};
 constexpr CellCost KeepingCost = {0, 1, 0, 0, 0};
 constexpr CellCost GasCost = {199, 184, 5, 155, 1};
 constexpr CellCost StrongEdgeCost = {30, 53, 5, 16, 3};
-constexpr CellCost SuspicionCost = {13, 9, 0, 7, 0};
+constexpr CellCost SuspicionCost = {13, 6, 0, 7, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
-constexpr CellCost ContactCost = {18, 8, 3, 14, 0};
+constexpr CellCost ContactCost = {18, 5, 3, 14, 0};
 
 }  // namespace lagrangian
 

@@ -61,6 +61,22 @@ void InterpolateEdges(const Float* a, RoughParabolas<Float>& parabolas, int firs
     }
 }
 
+// Whether a jump of density in cell i is mostly a contact: the relative difference of pressure is
+// below a tenth of gamma times that of density, which is more than a tenth. J. Comput. Phys. 54,
+// 174 (1984), eq. (3.2).
+template <typename Float>
+[[gnu::always_inline]] inline bool IsMostlyContact(const StripState<Float>& strip, Float gamma,
+                                                   int i) {
+    const Float* rho = strip.Rho;
+    const Float* p = strip.P;
+    const Float rise = Size(rho[i + 1] - rho[i - 1]);
+    const Float leastRho = Least(rho[i + 1], rho[i - 1]);
+    const Float rush = Size(p[i + 1] - p[i - 1]);
+    const Float leastP = Least(p[i + 1], p[i - 1]);
+    return (rush * leastRho < Float(0.1) * gamma * (rise * leastP)) &
+           (rise > Float(0.1) * leastRho);
+}
+
 // Gives the densities at the edges of cells that hold a contact what the neighbours expect there
 // from their own slopes, which the contact does not reach (eq. 1.14 there), by the square of the
 // share of the jump: a smooth slope that shows a small one is left alone. Cells first..last, a
@@ -75,15 +91,14 @@ int SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas<Float>&
     int steepened = 0;
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const auto holdsContact = [&](int i) {
-            return IsContact(strip, Float(0.1), gamma, i) & Jump<Float>(rho, i).IsOne();
+            return IsMostlyContact(strip, gamma, i) & Jump<Float>(rho, i).IsOne();
         };
         if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
         steepened += CellsAtOnce;
 #pragma omp simd
         for (int i = chunk; i < chunk + CellsAtOnce; ++i) {
             const Float share = Jump<Float>(rho, i).Share();
-            const Float part =
-                Choose(IsContact(strip, Float(0.1), gamma, i), share * share, Float(0));
+            const Float part = Choose(IsMostlyContact(strip, gamma, i), share * share, Float(0));
             const Float below = (rho[i] - rho[i - 1]) - halfSlope[i - 1];
             const Float above = (rho[i + 1] - rho[i]) - halfSlope[i + 1];
             fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);

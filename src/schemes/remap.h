@@ -85,10 +85,8 @@ template <typename Float>
 
 // How far moved cell i holds a contact, 0 to 1.
 template <typename Float>
-[[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, Float gamma,
-                                                 int i) {
-    return Choose(IsContact(moved, EvenPressure<Float>(), gamma, i),
-                  Jump<Float>(moved.Rho, i).Share(), Float(0));
+[[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, int i) {
+    return Choose(IsContact(moved, i), Jump<Float>(moved.Rho, i).Share(), Float(0));
 }
 
 // What a cell that holds a contact passes in any case: the density differs by more than a tenth.
@@ -130,13 +128,12 @@ ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& mo
             for (int i = chunk; i < end; ++i) TemperCell(moved, shapes, i);
         }
         const auto isContact = [&](int i) {
-            return Jump<Float>(strip.Rho, i).IsOne() &
-                   IsContact(strip, EvenPressure<Float>(), gamma, i);
+            return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, i);
         };
         if (AnyInChunk<Float>(chunk, isContact)) {
             work.Steepened += CellsAtOnce;
 #pragma omp simd
-            for (int i = chunk; i < end; ++i) shapes.Contact[i] = ContactShare(strip, gamma, i);
+            for (int i = chunk; i < end; ++i) shapes.Contact[i] = ContactShare(strip, i);
         }
     }
     return work;

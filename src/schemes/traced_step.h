@@ -18,8 +18,8 @@ constexpr CellCost ShockSearchCost = {3, 1, 0, 3, 0};
 constexpr CellCost ShockLossCost = {10, 8, 2, 17, 0};
 constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
 constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
-constexpr CellCost ContactSearchCost = {11, 6, 0, 6, 0};
-constexpr CellCost ContactCost = {31, 17, 5, 17, 0};
+constexpr CellCost ContactSearchCost = {11, 3, 0, 6, 0};
+constexpr CellCost ContactCost = {31, 14, 5, 17, 0};
 constexpr CellCost StrongEdgeCost = {32, 63, 5, 23, 6};
 
 // What a block is worked on with: 40 or 48 kilobytes, about what a first-level cache holds.
@@ -57,8 +57,7 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
     CountOperations(FlatteningCost, std::min(shocked.Flattened, n), counters);
     const int supersonic = TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last);
     CountOperations(SupersonicCost, std::min(supersonic, n), counters);
-    const int steepened =
-        SteepenContacts(strip, rows.Cells, constants.Gamma, rows.States, first, last);
+    const int steepened = SteepenContacts(strip, rows.Cells, rows.States, first, last);
     CountOperations(ContactSearchCost, n, counters);
     CountOperations(ContactCost, std::min(steepened, n), counters);
     CloseEdge(rows.States, last + 1);
