@@ -1,8 +1,10 @@
 // Set-up files, written and read through the panel's buttons.
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QCursor>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -12,6 +14,7 @@
 #include <vector>
 
 #include "panel_test.h"
+#include "setup/set_up_text.h"
 
 namespace {
 
@@ -38,14 +41,14 @@ protected:
     QTemporaryDir folder;
 };
 
-// For as long as it lives no byte can be written to any file.
+// For as long as it lives no file can be written beyond its first `room` bytes.
 class FullDisk {
 public:
-    FullDisk() {
+    explicit FullDisk(rlim_t room) {
         std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit none{0, former_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
+        const rlimit limit{room, former_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
     }
     ~FullDisk() { setrlimit(RLIMIT_FSIZE, &former_); }
     FullDisk(const FullDisk&) = delete;
@@ -53,6 +56,27 @@ public:
 
 private:
     rlimit former_{};
+};
+
+// For as long as it lives the folder takes no new files, and the user is not one to whom
+// permissions do not apply.
+class ClosedFolder {
+public:
+    explicit ClosedFolder(const QString& folder) : folder_(QFile::encodeName(folder)) {
+        chmod(folder_.constData(), 0555);
+        if (former_ == 0) seteuid(nobody_);
+    }
+    ~ClosedFolder() {
+        if (former_ == 0) seteuid(former_);
+        chmod(folder_.constData(), 0755);
+    }
+    ClosedFolder(const ClosedFolder&) = delete;
+    ClosedFolder& operator=(const ClosedFolder&) = delete;
+
+private:
+    static constexpr uid_t nobody_ = 65534;
+    QByteArray folder_;
+    uid_t former_ = geteuid();
 };
 
 // The fields of cells 0..N+1 and what a run starts from.
@@ -153,7 +177,7 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
     ASSERT_EQ(cancelled.size(), 1u);
     EXPECT_EQ(cancelled[0].Message, "All Files (*.*) (*)|Text Files (*.txt) (*.txt)");
     {
-        const FullDisk full;
+        const FullDisk full(0);
         Write("kept.txt");
     }
     EXPECT_EQ(Load("kept.txt"), kept);
@@ -167,6 +191,40 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
     Save("plain", kept);
     Read("plain");
     EXPECT_EQ(state.NSelected, 6);
+}
+
+// As on a shared drive: what lies there may be written, but nothing can be put beside it.
+TEST_F(PanelFiles, AreWrittenWhereTheyLieInAFolderThatTakesNoNewOnes) {
+    const QString closed = folder.filePath("closed");
+    ASSERT_TRUE(QDir().mkdir(closed) &&
+                QFile::link(closed + "/short.txt", closed + "/../link.txt"));
+    Write("closed/long.txt");
+    panel.Press("cmdReset");
+    Write("closed/short.txt");
+    Write("closed/read-only.txt");
+    const QByteArray longer = Load("closed/long.txt");
+    const QByteArray shorter = Load("closed/short.txt");
+    for (const char* file : {"long.txt", "short.txt"}) {
+        ASSERT_EQ(chmod(qPrintable(closed + "/" + file), 0666), 0);
+    }
+    ASSERT_EQ(chmod(qPrintable(closed + "/read-only.txt"), 0444), 0);
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0777), 0);
+
+    const ClosedFolder guard(closed);
+    {
+        const FullDisk full(static_cast<rlim_t>(shorter.size()) - 1);
+        Write("closed/long.txt");
+        panel.Press("cmdTest1");
+        Write("closed/short.txt");
+    }
+    EXPECT_EQ(Load("closed/long.txt"), longer);
+    EXPECT_EQ(Load("closed/short.txt"), shorter);
+    const QByteArray written = QByteArray::fromStdString(WriteSetUpText(state));
+    ASSERT_TRUE(shorter.size() < written.size() && written.size() < longer.size());
+    for (const char* file : {"closed/long.txt", "link.txt", "closed/read-only.txt"}) Write(file);
+    EXPECT_EQ(Load("closed/long.txt"), written);
+    EXPECT_EQ(Load("closed/short.txt"), written) << "at the end of the link";
+    EXPECT_EQ(Load("closed/read-only.txt"), shorter);
 }
 
 // A problem without points is only as good as its closing entries.

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -11,6 +10,7 @@
 #include "model/experiment_state.h"
 #include "panel/common_dialog.h"
 #include "panel/prompt.h"
+#include "setup/file_replacement.h"
 #include "setup/set_up_replay.h"
 #include "setup/set_up_text.h"
 
@@ -22,21 +22,6 @@ constexpr qint64 LargestFile = 8 << 20;
 void PrepareDialog(CommonDialog& dialog) {
     dialog.Filter = "All Files (*.*)|*.*|Text Files (*.txt)|*.txt";
     dialog.FilterIndex = 2;
-}
-
-// What is there and is no plain file, say a pipe or a device, is left alone.
-void ReplaceFile(const QString& name, const std::string& text) {
-    const QFileInfo former(name);
-    if (former.exists() && !former.isFile()) return;
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly)) return;
-    file.write(text.data(), static_cast<qint64>(text.size()));
-    // The commit's own flush does not report a full disk.
-    if (file.flush()) {
-        file.commit();
-    } else {
-        file.cancelWriting();
-    }
 }
 
 // Nothing for what is no plain file, is empty, cannot be read or is far too long. What the system
