@@ -19,7 +19,7 @@ const std::map<std::string, std::string> Said = {
     {"CourantOfTwo",                 "its Courant number stays at 1 or more, however short"},
     {"CourantIsNoNumber",            "its Courant number is not a number"},
     {"FirstStripsCourantIsNoNumber", "its Courant number is not a number"},
-    {"ResultsAreNoNumbers",          "it left a cell without a finite result"},
+    {"PressureIsInfinite",           "it left a cell without a finite result"},
     {"LeavesOutACell",               "it left a cell without a finite result"},
     {"LeavesOutTheSmoke",            "it left a cell without a finite result"},
     {"GivesNothing",                 "it left a cell without a finite result"},

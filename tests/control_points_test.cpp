@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "problems.h"
-#include "setup/blast_waves.h"
 #include "setup/point_mapping.h"
 
 namespace {
@@ -97,23 +96,6 @@ TEST(ControlPoints, StayInOrderWhateverIsInsertedAndRemoved) {
             }
             ASSERT_TRUE(PointsAreInOrder(state));
         }
-    }
-}
-
-TEST(MapControlPoints, KeepsJumpsAtTheirPositions) {
-    ExperimentState state;
-    BuildBlastWaves(state);
-    const std::vector<int> grids[] = {{0, 1, 80, 81, 720, 721, 800, 801},
-                                      {0, 1, 40, 41, 360, 361, 400, 401},
-                                      {0, 1, 2, 3, 18, 19, 20, 21},
-                                      {0, 1, 2, 3, 4, 5, 6, 7}};
-    for (const auto& cells : grids) {
-        state.NGridCells = cells[6];
-        ResizeControlPointLists(state);
-        AllocateFields(state);
-        LayGrid(state, 0.0, 1.0);
-        MapControlPoints(state);
-        EXPECT_EQ(Cells(state), cells);
     }
 }
 

@@ -4,18 +4,6 @@
 
 #include "problems.h"
 
-TEST(AllocateStore, KeepsRoomForStateZeroAndForNoMoreThanTheTimes) {
-    const std::pair<int, int> rows[] = {{600, 600},   {0, 1},       {-5, 1},
-                                        {2002, 2002}, {2003, 2002}, {2147483647, 2002}};
-    ExperimentState state = WavyProblem(5001);
-    for (const auto& [plots, slots] : rows) {
-        state.NPlotsTotal = plots;
-        AllocateStore(state);
-        EXPECT_EQ(state.StoreCapacity, 5003 * slots);
-        EXPECT_EQ(state.SEntropy.Last(), state.StoreCapacity);
-    }
-}
-
 TEST(SetNPlotsTotal, RoundsTiesToEvenAndStaysInRange) {
     // clang-format off
     const struct { int perPeriod; double periods; int total; } rows[] = {
@@ -79,15 +67,4 @@ TEST(StoreState, AppendsUntilTheStoreIsFullAndLoadsBack) {
     EXPECT_FLOAT_EQ(static_cast<float>(state.Uy[4]), static_cast<float>(uy));
     EXPECT_EQ(state.Ux[0], -state.Ux[1]);  // the store block fills the ghosts first
     for (const int s : {-1, 3, 2001, 2002, 2147483647}) EXPECT_FALSE(IsStored(state, s)) << s;
-}
-
-TEST(ResizeStore, KeepsStateZero) {
-    ExperimentState state = WavyProblem(10, /*plots=*/3);
-    TakeSnapshot(state, 0);
-    for (const int plots : {200, 0, 5000}) {
-        state.NPlotsTotal = plots;
-        ResizeStore(state);
-        EXPECT_EQ(state.SRho[7], static_cast<float>(state.Rho[7])) << plots;
-        EXPECT_FALSE(IsStored(state, 1));
-    }
 }

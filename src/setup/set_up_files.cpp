@@ -41,29 +41,6 @@ void RaiseTo(double floor, OffsetArray<double>& list, int last) {
     for (int k = 0; k <= last; ++k) list[k] = std::max(list[k], floor);
 }
 
-void TakeValues(ExperimentState& state, SetUpValues& values) {
-    RaiseTo(state.RhoFloor, values.RhoSelList, values.NSelected + 1);
-    RaiseTo(state.PFloor, values.PSelList, values.NSelected + 1);
-    state.MSelList = std::move(values.MSelList);
-    state.XSelList = std::move(values.XSelList);
-    state.RhoSelList = std::move(values.RhoSelList);
-    state.PSelList = std::move(values.PSelList);
-    state.VxSelList = std::move(values.VxSelList);
-    state.NSelected = values.NSelected;
-    state.NDifferenceScheme = values.NDifferenceScheme;
-    state.SoundSpeed0 = values.SoundSpeed0;
-    state.CourantNumber = values.CourantNumber;
-    state.RhoMax = values.RhoMax;
-    state.RhoMin = values.RhoMin;
-    state.PMax = values.PMax;
-    state.PMin = values.PMin;
-    state.VXMax = values.VXMax;
-    state.VXMin = values.VXMin;
-    state.Periods = values.Periods;
-    state.NPlotsPerPeriod = values.NPlotsPerPeriod;
-    state.NGridCells = values.NGridCells;
-}
-
 }  // namespace
 
 void cmdWriteSetUp_Click(ExperimentState& state, Controls& controls) {
@@ -83,6 +60,9 @@ void cmdReadSetUp_Click(ExperimentState& state, Controls& controls) {
     SetUpReading reading = ReadSetUpText(*text, state.MaxGridCells);
     if (!reading.Message.empty()) ShowMessage(controls, reading.Message);
     if (!reading.Values) return;
-    TakeValues(state, *reading.Values);
+    SetUpValues& values = *reading.Values;
+    RaiseTo(state.RhoFloor, values.RhoSelList, values.NSelected + 1);
+    RaiseTo(state.PFloor, values.PSelList, values.NSelected + 1);
+    TakeSetUpValues(state, std::move(values));
     ApplySetUp(state, controls);
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 #include "model/experiment_state.h"
 #include "model/limits.h"
@@ -302,4 +303,19 @@ SetUpReading ReadSetUpText(std::string_view text, int maxGridCells) {
         return IgnoredSilently();
     }
     return {std::move(read), {}};
+}
+
+void TakeSetUpValues(ExperimentState& state, SetUpValues values) {
+    for (const Parameter& parameter : Parameters) {
+        if (parameter.Real != nullptr) {
+            state.*parameter.Real = values.*parameter.ReadReal;
+        } else {
+            state.*parameter.Whole = values.*parameter.ReadWhole;
+        }
+    }
+    state.MSelList = std::move(values.MSelList);
+    state.XSelList = std::move(values.XSelList);
+    state.RhoSelList = std::move(values.RhoSelList);
+    state.PSelList = std::move(values.PSelList);
+    state.VxSelList = std::move(values.VxSelList);
 }

@@ -12,7 +12,7 @@ enum class Fault {
     CourantOfTwo,
     CourantIsNoNumber,
     FirstStripsCourantIsNoNumber,
-    ResultsAreNoNumbers,
+    PressureIsInfinite,
     LeavesOutACell,
     LeavesOutTheSmoke,
     GivesNothing
@@ -43,10 +43,11 @@ extern "C" void ENTRY(const FLOAT* edges, const FLOAT* density, const FLOAT* pre
     const int cells = fault == Fault::LeavesOutACell ? *width - 1 : *width;
     const auto give = [&](const FLOAT* field, FLOAT* result) {
         std::copy_n(field + *boundary, cells, result + *boundary);
-        if (fault == Fault::ResultsAreNoNumbers) std::fill_n(result + *boundary, cells, notANumber);
     };
     give(density, densityResult);
     give(pressure, pressureResult);
+    if (fault == Fault::PressureIsInfinite)
+        pressureResult[*boundary] = std::numeric_limits<FLOAT>::infinity();
     give(velocity, velocityResult);
     give(transverse, transverseResult);
     if (fault != Fault::LeavesOutTheSmoke) give(smoke, smokeResult);

@@ -38,24 +38,7 @@ void RequireLimits(const SetUpValues& read) {
 
 std::string WrittenAgain(const SetUpValues& read) {
     ExperimentState state;
-    state.NDifferenceScheme = read.NDifferenceScheme;
-    state.NGridCells = read.NGridCells;
-    state.SoundSpeed0 = read.SoundSpeed0;
-    state.CourantNumber = read.CourantNumber;
-    state.RhoMax = read.RhoMax;
-    state.RhoMin = read.RhoMin;
-    state.PMax = read.PMax;
-    state.PMin = read.PMin;
-    state.VXMax = read.VXMax;
-    state.VXMin = read.VXMin;
-    state.Periods = read.Periods;
-    state.NPlotsPerPeriod = read.NPlotsPerPeriod;
-    state.NSelected = read.NSelected;
-    state.MSelList = read.MSelList;
-    state.XSelList = read.XSelList;
-    state.RhoSelList = read.RhoSelList;
-    state.PSelList = read.PSelList;
-    state.VxSelList = read.VxSelList;
+    TakeSetUpValues(state, read);
     return WriteSetUpText(state);
 }
 
