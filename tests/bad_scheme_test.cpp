@@ -28,15 +28,6 @@ const std::map<std::string, std::string> Said = {
 
 class BadScheme : public PanelTest {
 protected:
-    // Everything that a step would change.
-    std::vector<double> Fields() {
-        std::vector<double> all = {state.Time, state.DTime, state.TimeToPlot};
-        for (const auto* field : {&state.Rho, &state.P, &state.Ux, &state.Uy, &state.FSmoke}) {
-            all.insert(all.end(), field->At(1), field->At(state.NGridCells) + 1);
-        }
-        return all;
-    }
-
     std::string Caption() { return controls.lblStudentID->text().toStdString(); }
 };
 

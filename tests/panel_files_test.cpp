@@ -79,16 +79,6 @@ private:
     uid_t former_ = geteuid();
 };
 
-// The fields of cells 0..N+1 and what a run starts from.
-std::vector<double> Problem(const ExperimentState& state) {
-    std::vector<double> values{state.DTime,  state.TStop, state.PlotInterval,
-                               state.RhoMin, state.PMax,  state.VXMin};
-    for (int i = 0; i <= state.NGridCells + 1; ++i) {
-        values.insert(values.end(), {state.X[i], state.Rho[i], state.P[i], state.Ux[i]});
-    }
-    return values;
-}
-
 }  // namespace
 
 TEST_F(PanelFiles, BringBackWhatWasWritten) {
@@ -109,12 +99,11 @@ TEST_F(PanelFiles, BringBackWhatWasWritten) {
             Write(name);
             EXPECT_EQ(Read(name).size(), 1u) << "the dialog, no message";
         }
-        const auto replayed = Problem(state);
+        const auto replayed = Fields();
         Write("twice.txt");
         controls.txtNGridCells->setText("37");
         Read("twice.txt");
-        EXPECT_EQ(Problem(state), replayed)
-            << "the replay through the boxes is its own fixed point";
+        EXPECT_EQ(Fields(), replayed) << "the replay through the boxes is its own fixed point";
         EXPECT_EQ(state.NGridCells, 400);
         Write("thrice.txt");
         EXPECT_EQ(Load("thrice.txt"), Load("twice.txt"));
@@ -138,9 +127,7 @@ TEST_F(PanelFiles, TakeTheGridOfTheFile) {
     panel.Press("cmdPause");
     Read("forty.txt");
     EXPECT_EQ(state.NGridCells, 40);
-    EXPECT_EQ(controls.hsbMSelected->maximum(), 40);
-    EXPECT_GE(state.MSelected, 1);
-    EXPECT_LE(state.MSelected, 40);
+    EXPECT_EQ(BrokenPromise(panel.Form()), "");
     panel.Press("cmdRestart");
     EXPECT_EQ(state.Time, 0.0);
 }
@@ -149,23 +136,24 @@ TEST_F(PanelFiles, SayWhatIsWrongAndChangeNothing) {
     Write("good.txt");
     const QByteArray good = Load("good.txt");
     panel.Press("cmdTest1");
-    const auto before = Problem(state);
+    const auto all = [&] { return std::pair(Fields(), WriteSetUpText(state)); };
+    const auto before = all();
     Save("bad.txt", QByteArray(good).replace("\"RhoMax\"", "\"rhoMax\""));
     const auto boxes = Read("bad.txt");
     ASSERT_EQ(boxes.size(), 2u);
     EXPECT_EQ(boxes[1].Message,
               "I expected to read the string 'RhoMax' but got instead rhoMax\n"
               "You screwed up.   This input file will be ignored.");
-    EXPECT_EQ(Problem(state), before);
+    EXPECT_EQ(all(), before);
     Save("negative.txt", QByteArray(good).replace("1000", "-1000"));
     Save("huge.txt", QByteArray(9 << 20, '1'));
     for (const char* silent : {"negative.txt", "huge.txt"}) {
         EXPECT_EQ(Read(silent).size(), 1u) << silent << ": the dialog, no message";
-        EXPECT_EQ(Problem(state), before) << silent;
+        EXPECT_EQ(all(), before) << silent;
     }
     Read("missing.txt");
     Read(".");
-    EXPECT_EQ(Problem(state), before);
+    EXPECT_EQ(all(), before);
 }
 
 TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
@@ -239,7 +227,6 @@ TEST_F(PanelFiles, RaiseToTheFloorsWhatTheFileHasBelow) {
     EXPECT_EQ(state.NSelected, 0);
     EXPECT_EQ(state.Rho[1], 1e-8);
     EXPECT_EQ(state.P[400], 1e-8);
-    EXPECT_TRUE(std::isfinite(state.DTime) && state.DTime > 0.0);
 }
 
 // Whatever the gas, and though the grid is painted and its boxes widen the axes.

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -73,32 +74,18 @@ TEST(PanelLayout, MakesEveryControlAsItsRowSays) {
     static_assert(sizeof(Controls) == ControlCount * sizeof(void*));
     const frmTernlow form;
     std::set<QString> names;
-    const auto check = [&](const auto& row, const char* toolTip, const char* text) {
+    const auto check = [&](const auto& row) {
         const QWidget* control = form.controls.*row.Control;
         names.insert(row.Name);
         EXPECT_EQ(form.findChild<QWidget*>(row.Name), control) << row.Name;
-        EXPECT_EQ(control->toolTip(), toolTip) << row.Name;
-        EXPECT_EQ(control->property("text").toString(), text) << row.Name;
-        const QRect& twips = row.Twips;
-        const QRectF exact(twips.x() / 15.0, twips.y() / 15.0, twips.width() / 15.0,
-                           twips.height() / 15.0);
-        const QRect& place = control->geometry();
-        for (const double shift :
-             {place.x() - exact.x(), place.y() - exact.y(), place.width() - exact.width(),
-              place.height() - exact.height()}) {
-            EXPECT_LE(std::abs(shift), 0.5) << row.Name;
-        }
         EXPECT_TRUE(form.rect().contains(control->geometry())) << row.Name;
     };
-    for (const ButtonRow& row : Buttons) check(row, row.ToolTip, row.Caption);
-    for (const TextBoxRow& row : TextBoxes) check(row, row.ToolTip, row.Text);
-    for (const LabelRow& row : Labels) {
-        check(row, row.ToolTip, row.Caption);
-        EXPECT_EQ((form.controls.*row.Control)->textFormat(), Qt::PlainText) << row.Name;
-    }
-    for (const SurfaceRow& row : Surfaces) check(row, row.ToolTip, "");
-    for (const ScrollBarRow& row : ScrollBars) check(row, "", "");
-    check(GrayVariables, GrayVariables.ToolTip, "");
+    std::ranges::for_each(Buttons, check);
+    std::ranges::for_each(TextBoxes, check);
+    std::ranges::for_each(Labels, check);
+    std::ranges::for_each(Surfaces, check);
+    std::ranges::for_each(ScrollBars, check);
+    check(GrayVariables);
 
     names.insert(form.controls.tmrMetronome->objectName());
     names.insert(form.controls.CommonDialog1->objectName());
@@ -145,6 +132,9 @@ TEST(PanelLayout, HasRowsThatSayWhatTheDesignSays) {
         if (row.fontPixels != 0) {
             EXPECT_EQ(control->font().pixelSize(), row.fontPixels) << row.name;
         }
+    }
+    for (const LabelRow& row : Labels) {
+        EXPECT_EQ((form.controls.*row.Control)->textFormat(), Qt::PlainText) << row.Name;
     }
     EXPECT_EQ(form.windowTitle(), "Morvane 1-D Eulerian Gamma-Law Gas Dynamics Experiment");
     EXPECT_EQ(form.controls.cmdContinue->palette().color(QPalette::Button), QColor(0, 0xC0, 0));

@@ -15,9 +15,23 @@
 #include "display/surface.h"
 #include "panel/main_window.h"
 #include "panel_driver.h"
+#include "panel_promises.h"
 
 class PanelTest : public testing::Test {
 protected:
+    void TearDown() override { EXPECT_EQ(BrokenPromise(panel.Form()), ""); }
+
+    // The clock and the cells.
+    std::vector<double> Fields() const {
+        std::vector<double> all = {state.Time, state.DTime, state.TimeToPlot, state.TStop,
+                                   state.PlotInterval};
+        for (const auto* field :
+             {&state.X, &state.Rho, &state.P, &state.Ux, &state.Uy, &state.FSmoke}) {
+            all.insert(all.end(), field->At(1), field->At(state.NGridCells) + 1);
+        }
+        return all;
+    }
+
     QString Text(const char* box) { return panel.Form().findChild<QLineEdit*>(box)->text(); }
 
     // Begins a run, with the problem of a button.

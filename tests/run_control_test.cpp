@@ -1,5 +1,6 @@
 #include "panel/run_control.h"
 
+#include <QRegularExpression>
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -179,22 +180,6 @@ TEST_F(RunControl, ContinuesFromTheLastStoredState) {
     EXPECT_TRUE(panel.RunToEnd()) << "a finished run goes to the next plot time and stops again";
 }
 
-TEST_F(RunControl, StopsARunThatNoSchemeCanAdvance) {
-    panel.Press("cmdTest1");
-    state.SchemeName = "Osprey";
-    panel.Press("cmdBegin");
-    EXPECT_FALSE(panel.Tick());
-    EXPECT_EQ(state.Time, 0.0);
-    const QLabel* said = panel.Form().controls.lblStudentID;
-    EXPECT_TRUE(said->text().contains("no scheme \"Osprey\"")) << qPrintable(said->text());
-
-    state.SchemeName = "Kestrel";
-    panel.Press("cmdBegin");
-    state.Ux[200] = std::nan("");
-    EXPECT_FALSE(panel.Tick());
-    EXPECT_TRUE(said->text().contains("can take no step")) << qPrintable(said->text());
-}
-
 // Whatever a user does after a run has come to a halt, a title is not lost to the message.
 TEST_F(RunControl, PutsTheTitleBackAfterAHalt) {
     const std::pair<const char*, const char*> rows[] = {
@@ -212,7 +197,8 @@ TEST_F(RunControl, PutsTheTitleBackAfterAHalt) {
         own.Press("cmdBegin");
         own.Form().state.SchemeName = "Osp\xFFrey";  // with a byte that no label can show
         ASSERT_FALSE(own.Tick());
-        ASSERT_TRUE(caption->text().startsWith("The run has stopped"))
+        ASSERT_TRUE(caption->text().contains(
+            QRegularExpression("^The run has stopped: .*no scheme \"Osp.*rey\"")))
             << qPrintable(caption->text());
         if (QString(next) == "txtNGridCells") {
             own.Type(next, "200");
@@ -267,11 +253,7 @@ TEST_F(RunControl, RunsEveryTestWithEveryScheme) {
             Begin(qPrintable(QString("cmdTest%1").arg(test)));
             ASSERT_TRUE(panel.RunToEnd());
             EXPECT_GE(state.Time, RiemannTests[static_cast<std::size_t>(test - 1)].TStop);
-            for (int i = 1; i <= 400; ++i) {
-                ASSERT_TRUE(std::isfinite(state.Ux[i]) && std::isfinite(state.Uy[i])) << i;
-                ASSERT_GT(state.Rho[i], 0.0) << i;
-                ASSERT_GT(state.P[i], 0.0) << i;
-            }
+            ASSERT_EQ(BrokenPromise(panel.Form()), "");
         }
     }
 }
