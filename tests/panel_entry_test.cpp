@@ -1,5 +1,4 @@
 // Boxes and bars of the panel, worked through the widgets.
-#include <cmath>
 
 #include "panel_test.h"
 

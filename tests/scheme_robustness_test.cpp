@@ -1,11 +1,8 @@
 // States at and past the edge of what a scheme is made for: no value that is no number, no negative
 // density or pressure, and no result that a floor would have to lift, comes out of any of them.
-#include <sys/mman.h>
-
 #include <random>
 
 #include "scheme_tests.h"
-#include "verify/strip_call.h"
 
 namespace {
 
@@ -105,54 +102,6 @@ TEST_P(SchemeRobustness, TakesAnyConstants) {
             }
         }
     }
-}
-
-// Arrays that end, or begin, at a page that must not be touched.
-class GuardedStorage : public ArrayStorage {
-public:
-    explicit GuardedStorage(bool guardBehind) : guardBehind_(guardBehind) {}
-    ~GuardedStorage() override {
-        for (const auto& [address, bytes] : maps_) munmap(address, bytes);
-    }
-    GuardedStorage(const GuardedStorage&) = delete;
-    GuardedStorage& operator=(const GuardedStorage&) = delete;
-
-    void* Take(std::size_t bytes) override {
-        constexpr std::size_t page = 4096;
-        const std::size_t inner = (bytes + page - 1) / page * page;
-        void* map = mmap(nullptr, inner + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        maps_.emplace_back(map, inner + 2 * page);
-        char* first = static_cast<char*>(map) + page;
-        mprotect(first, inner, PROT_READ | PROT_WRITE);
-        return guardBehind_ ? first + inner - bytes : first;
-    }
-
-private:
-    bool guardBehind_;
-    std::vector<std::pair<void*, std::size_t>> maps_;
-};
-
-template <typename Float>
-void RunGuarded(SchemeKind kind, void* entry) {
-    for (const bool behind : {false, true}) {
-        for (const int width : {1, 6, 50, 100, 199, 200}) {
-            GuardedStorage storage(behind);
-            StripCall<Float> call(kind, width, storage);
-            Flow flow = ShockTubeStart(ShockTubes[1], width);
-            FillNeighbours(flow, Boundary::Continuation);
-            call.Load(flow, 0);
-            call.SetNumbers({}, 1e-4 / width);
-            call.Run(entry);  // a touch of the guard ends the program
-            EXPECT_GT(call.Results[0][Flow::B], Float(0));
-        }
-    }
-}
-
-TEST_P(SchemeRobustness, StaysInsideItsArrays) {
-    if (IsDouble(GetParam()))
-        RunGuarded<double>(GetParam(), scheme_.Entry());
-    else
-        RunGuarded<float>(GetParam(), scheme_.Entry());
 }
 
 }  // namespace

@@ -31,52 +31,38 @@ void Record(const Float* edges, const Float* rho, int rows, int width, int bound
     calls.push_back(call);
 }
 
-// Gives back the state it was given, cell by cell.
-template <typename Float>
-void Kestrel(const Float* edges, const Float* rho, const Float* p, const Float* ux, const Float* uy,
-             const Float* uz, const Float* smoke, Float* rhoOut, Float* pOut, Float* uxOut,
-             Float* uyOut, Float* uzOut, Float* smokeOut, const Float*, Float* courant,
-             const Float*, const Float*, const Float*, const Float*, const Float*, const Float*,
-             const Float*, const Float*, const int* width, const int* boundary, int* counters) {
-    const int length = *width + 2 * *boundary;
-    Record(edges, rho, kestrelReadsMiddleRow ? 1 : 25, *width, *boundary);
-    for (int x = *boundary; x < *boundary + *width; ++x) {
+// Gives back the state it was given, cell by cell. What Kestrel is given behind the transverse
+// velocity are zeros in 25 rows, what Heron32 is given is the transverse velocity once more.
+template <typename Float, typename... Arguments>
+void GiveBack(Arguments... arguments) {
+    const std::tuple given(arguments...);
+    constexpr std::size_t last = sizeof...(Arguments) - 1;
+    constexpr bool isHeron = last < 25;
+    const int width = *std::get<last - 2>(given);
+    const int boundary = *std::get<last - 1>(given);
+    const int length = width + 2 * boundary;
+    const Float* rho = std::get<1>(given);
+    Record(std::get<0>(given), rho, isHeron || kestrelReadsMiddleRow ? 1 : 25, width, boundary);
+    for (int x = boundary; x < boundary + width; ++x) {
         const int read = kestrelReadsMiddleRow ? 12 * length + x : x;
-        rhoOut[x] = rho[read];
-        pOut[x] = p[read];
-        uxOut[x] = ux[read];
-        uyOut[x] = uy[read];
-        smokeOut[x] = smoke[x] + uz[x];
-        uzOut[x] = Float(7);
+        std::get<7>(given)[x] = rho[read];
+        std::get<8>(given)[x] = std::get<2>(given)[read];
+        std::get<9>(given)[x] = std::get<3>(given)[read];
+        const Float uy = std::get<4>(given)[read];
+        const Float behind = std::get<5>(given)[read];
+        std::get<10>(given)[x] = isHeron ? (uy + behind) / 2 : uy + behind;
+        std::get<11>(given)[x] = Float(7);
+        std::get<12>(given)[x] = std::get<6>(given)[x];
     }
-    *courant += Float(0.25);
-    counters[0] += *width;
-    counters[7] += 1;
-}
-
-// Reads the transverse velocity twice, and nothing but the other three.
-void Heron(const float* edges, const float* rho, const float* p, const float* ux, const float* uy,
-           const float* uyAgain, const float* smoke, float* rhoOut, float* pOut, float* uxOut,
-           float* uyOut, float*, float* smokeOut, const float*, float* courant, const float*,
-           const float*, const float*, const float*, const float*, const int* width,
-           const int* boundary, int* counters) {
-    Record(edges, rho, 1, *width, *boundary);
-    for (int x = *boundary; x < *boundary + *width; ++x) {
-        rhoOut[x] = rho[x];
-        pOut[x] = p[x];
-        uxOut[x] = ux[x];
-        uyOut[x] = (uy[x] + uyAgain[x]) / 2;
-        smokeOut[x] = smoke[x];
-    }
-    *courant += 0.25F;
-    counters[0] += *width;
-    counters[7] += 1;
+    *std::get<14>(given) += Float(0.25);
+    std::get<last>(given)[0] += width;
+    std::get<last>(given)[7] += 1;
 }
 
 const SchemeLibrary Libraries[] = {
-    {.Kestrel64 = Kestrel<double>, .Kestrel32 = {}, .Heron32 = {}, .Plover = {}},
-    {.Kestrel64 = {}, .Kestrel32 = Kestrel<float>, .Heron32 = {}, .Plover = {}},
-    {.Kestrel64 = {}, .Kestrel32 = {}, .Heron32 = Heron, .Plover = {}}};
+    {.Kestrel64 = GiveBack<double>, .Kestrel32 = {}, .Heron32 = {}, .Plover = {}},
+    {.Kestrel64 = {}, .Kestrel32 = GiveBack<float>, .Heron32 = {}, .Plover = {}},
+    {.Kestrel64 = {}, .Kestrel32 = {}, .Heron32 = GiveBack<float>, .Plover = {}}};
 
 ExperimentState Filled(int n) {
     ExperimentState state = WavyProblem(n);

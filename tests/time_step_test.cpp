@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "integration/tick_arrays.h"
 #include "problems.h"
 
