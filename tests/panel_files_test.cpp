@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "panel_test.h"
+#include "setup/control_points.h"
 #include "setup/set_up_text.h"
 
 namespace {
@@ -41,43 +42,30 @@ protected:
     QTemporaryDir folder;
 };
 
-// For as long as it lives no file can be written beyond its first `room` bytes.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t room) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit limit{room, former_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &former_); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
+// No file can be written beyond its first `room` bytes meanwhile.
+template <typename Action>
+void OnAFullDisk(rlim_t room, Action action) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit former{};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit limit{room, former.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    action();
+    setrlimit(RLIMIT_FSIZE, &former);
+}
 
-private:
-    rlimit former_{};
-};
-
-// For as long as it lives the folder takes no new files, and the user is not one to whom
-// permissions do not apply.
-class ClosedFolder {
-public:
-    explicit ClosedFolder(const QString& folder) : folder_(QFile::encodeName(folder)) {
-        chmod(folder_.constData(), 0555);
-        if (former_ == 0) seteuid(nobody_);
-    }
-    ~ClosedFolder() {
-        if (former_ == 0) seteuid(former_);
-        chmod(folder_.constData(), 0755);
-    }
-    ClosedFolder(const ClosedFolder&) = delete;
-    ClosedFolder& operator=(const ClosedFolder&) = delete;
-
-private:
-    static constexpr uid_t nobody_ = 65534;
-    QByteArray folder_;
-    uid_t former_ = geteuid();
-};
+// The folder takes no new files meanwhile, and the user is not one to whom permissions do not
+// apply.
+template <typename Action>
+void InAClosedFolder(const QString& folder, Action action) {
+    constexpr uid_t nobody = 65534;
+    const uid_t user = geteuid();
+    chmod(qPrintable(folder), 0555);
+    EXPECT_EQ(seteuid(user == 0 ? nobody : user), 0);
+    action();
+    EXPECT_EQ(seteuid(user), 0);
+    chmod(qPrintable(folder), 0755);
+}
 
 }  // namespace
 
@@ -164,10 +152,7 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
     const auto cancelled = Ask("cmdWriteSetUp", {std::nullopt});
     ASSERT_EQ(cancelled.size(), 1u);
     EXPECT_EQ(cancelled[0].Message, "All Files (*.*) (*)|Text Files (*.txt) (*.txt)");
-    {
-        const FullDisk full(0);
-        Write("kept.txt");
-    }
+    OnAFullDisk(0, [&] { Write("kept.txt"); });
     EXPECT_EQ(Load("kept.txt"), kept);
     const QString pipe = folder.filePath("pipe.txt");
     ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
@@ -198,45 +183,36 @@ TEST_F(PanelFiles, AreWrittenWhereTheyLieInAFolderThatTakesNoNewOnes) {
     ASSERT_EQ(chmod(qPrintable(closed + "/read-only.txt"), 0444), 0);
     ASSERT_EQ(chmod(qPrintable(folder.path()), 0777), 0);
 
-    const ClosedFolder guard(closed);
-    {
-        const FullDisk full(static_cast<rlim_t>(shorter.size()) - 1);
-        Write("closed/long.txt");
-        panel.Press("cmdTest1");
-        Write("closed/short.txt");
-    }
-    EXPECT_EQ(Load("closed/long.txt"), longer);
-    EXPECT_EQ(Load("closed/short.txt"), shorter);
+    InAClosedFolder(closed, [&] {
+        OnAFullDisk(static_cast<rlim_t>(shorter.size()) - 1, [&] {
+            Write("closed/long.txt");
+            panel.Press("cmdTest1");
+            Write("closed/short.txt");
+        });
+        EXPECT_EQ(Load("closed/long.txt"), longer);
+        EXPECT_EQ(Load("closed/short.txt"), shorter);
+        for (const char* file : {"closed/long.txt", "link.txt", "closed/read-only.txt"})
+            Write(file);
+    });
     const QByteArray written = QByteArray::fromStdString(WriteSetUpText(state));
     ASSERT_TRUE(shorter.size() < written.size() && written.size() < longer.size());
-    for (const char* file : {"closed/long.txt", "link.txt", "closed/read-only.txt"}) Write(file);
     EXPECT_EQ(Load("closed/long.txt"), written);
     EXPECT_EQ(Load("closed/short.txt"), written) << "at the end of the link";
     EXPECT_EQ(Load("closed/read-only.txt"), shorter);
 }
 
-// A problem without points is only as good as its closing entries.
-TEST_F(PanelFiles, RaiseToTheFloorsWhatTheFileHasBelow) {
-    for (int k = 0; k < 6; ++k) {
-        panel.Type("txtMSelected", QString::number(state.MSelList[1]));
-        panel.Press("cmdDeselect");
-    }
-    state.RhoSelList[0] = state.PSelList[1] = 1e-300;
-    Write("empty.txt");
-    Read("empty.txt");
-    EXPECT_EQ(state.NSelected, 0);
-    EXPECT_EQ(state.Rho[1], 1e-8);
-    EXPECT_EQ(state.P[400], 1e-8);
-}
-
-// Whatever the gas, and though the grid is painted and its boxes widen the axes.
-TEST_F(PanelFiles, KeepTheAxesOfTheFileWhereItHasNoPoints) {
+// A problem without points is only as good as its closing entries. Its axes are those of the file,
+// whatever the gas, and though the grid is painted and its boxes widen the axes.
+TEST_F(PanelFiles, NeedNoPoints) {
     Write("points.txt");
     QByteArray text = Load("points.txt");
     text.replace(" 6\r\n", " 0\r\n").replace("1.05\r\n", "3\r\n").replace("0.95\r\n", "2\r\n");
+    text.replace("-0.0000001,              1,", "0, 1e-300,");
+    text.replace(" 0.0000001,               1,                       1000", "0, 1, 1e-300");
     Save("bare.txt", text.replace("1049.9995", "500"));
     Read("bare.txt");
     ASSERT_EQ(state.NSelected, 0);
+    EXPECT_TRUE(state.Rho[1] == 1e-8 && state.P[400] == 1e-8) << "raised to the floors";
     EXPECT_TRUE(state.RhoMin == 2.0 && state.RhoMax == 3.0 && state.PMax == 500.0);
     EXPECT_EQ(Text("txtDensityMin"), "2.0");
     EXPECT_EQ(Text("txtPressureMax"), "500.0");
@@ -257,12 +233,10 @@ TEST_F(PanelFiles, ShowABusyPointerWhileManyPointsAreReplayed) {
     };
     controls.txtNGridCells->setText("600");
     EXPECT_FALSE(isBusySeen([&] { controls.txtNGridCells->setText("500"); })) << "six points";
-    Write("few.txt");
-    QByteArray text =
-        Load("few.txt").replace("\"NSelected\",            6", "\"NSelected\",            500");
-    text.truncate(text.indexOf("\"VX\"") + 6);
-    for (int k = 0; k <= 501; ++k) text += QByteArray::number(k) + ",0,1,1,0\r\n";
-    Save("many.txt", text);
+    for (int m = 1; m <= 500; ++m) {
+        if (FindControlPoint(state, m) == 0) InsertControlPoint(state, m, {1.0, 1.0, 0.0});
+    }
+    Write("many.txt");
     EXPECT_TRUE(isBusySeen([&] { Read("many.txt"); }));
     ASSERT_EQ(state.NSelected, 500);
     EXPECT_TRUE(isBusySeen([&] { panel.Press("cmdReset"); }));

@@ -224,12 +224,13 @@ TEST_F(RunControl, RestartsFromTheFieldsWhereNothingIsStored) {
     EXPECT_TRUE(IsStored(state, 0));
 }
 
-// More plots than there are times, or none at all: the run goes on, the store stays whole.
+// More plots than there are times, or none at all, or half a plot over: the run goes on, the store
+// stays whole.
 TEST_F(RunControl, KeepsTheStoreWholeForAnyNumberOfPlots) {
     const struct {
         const char *plots, *periods;
         int states;
-    } rows[] = {{"100000", "40000", 2002}, {"1", "0.2", 1}};
+    } rows[] = {{"100000", "40000", 2002}, {"1", "0.5", 1}, {"5", "0.5", 2}};
     for (const auto& row : rows) {
         panel.Press("cmdRestart");
         panel.Press("cmdTest1");

@@ -139,14 +139,10 @@ TEST_P(SchemeContract, FoldsATruthfulCourantNumberAsAMaximum) {
 TEST_P(SchemeContract, LeavesAUniformFlowUniformToTheBit) {
     for (const double velocity : {0.0, 0.3, -17.0, 1000.0}) {
         Flow flow = UniformGrid(64);
-        for (int cell = 1; cell <= flow.N; ++cell) {
-            const std::size_t i = flow.At(cell);
-            flow.Rho[i] = static_cast<double>(1.1F);
-            flow.P[i] = static_cast<double>(0.7F);
-            flow.Ux[i] = static_cast<double>(static_cast<float>(velocity));
-            flow.Uy[i] = static_cast<double>(-2.3F);
-            flow.Smoke[i] = static_cast<double>(0.4F);
-        }
+        // As floats have them, but with digits to round.
+        const float values[] = {1.1F, 0.7F, static_cast<float>(velocity), -2.3F, 0.4F};
+        for (std::size_t field = 0; field < Fields.size(); ++field)
+            std::ranges::fill(flow.*Fields[field], static_cast<double>(values[field]));
         FillNeighbours(flow, Boundary::Periodic);
         Flow next = flow;
         scheme_.Advance(flow, constants_, StepAt(flow, 0.85), next);

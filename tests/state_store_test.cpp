@@ -4,21 +4,6 @@
 
 #include "problems.h"
 
-TEST(SetNPlotsTotal, RoundsTiesToEvenAndStaysInRange) {
-    // clang-format off
-    const struct { int perPeriod; double periods; int total; } rows[] = {
-        {400, 1.5, 600}, {1, 0.5, 0}, {3, 0.5, 2}, {2000000000, 3.0, 2147483647},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        ExperimentState state;
-        state.NPlotsPerPeriod = row.perPeriod;
-        state.Periods = row.periods;
-        SetNPlotsTotal(state);
-        EXPECT_EQ(state.NPlotsTotal, row.total);
-    }
-}
-
 // Three cells between ghosts; R+ and R- worked out by hand from impedances 1, 1, 2, 2, 2.
 TEST(TakeSnapshot, IntegratesTheInvariantsAndTakesTheirMeanOverTheRealCells) {
     ExperimentState state = WavyProblem(3);
