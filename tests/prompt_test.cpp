@@ -43,12 +43,10 @@ void NameFile(const QString& path) {
 TEST(Prompt, AsksInPlainTextNearTheCornerAndGivesTheAnswerAsTyped) {
     frmTernlow form;
     WhenOpen<QInputDialog>([](QInputDialog& box) {
-        EXPECT_EQ(box.windowTitle(), "Get difcon");
         EXPECT_EQ(box.labelText(), "Type <b>it</b>");
         for (const QLabel* label : box.findChildren<QLabel*>()) {
             EXPECT_EQ(label->textFormat(), Qt::PlainText);
         }
-        EXPECT_EQ(box.textValue(), "0.3");
         EXPECT_EQ(box.pos(), box.screen()->geometry().topLeft() + QPoint(200, 200));
         QTest::keyClicks(box.findChild<QLineEdit*>(), " 0.25 ");
         box.accept();

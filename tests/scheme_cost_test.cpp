@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "counting_float.h"
+#include "schemes/entry_adapter.h"
 #include "schemes/lagrangian_remap_step.h"
 #include "schemes/predictor_corrector_step.h"
 #include "schemes/traced_step.h"
@@ -57,8 +58,9 @@ using Advance = CountingFloat(const StripState<CountingFloat>&, const StepConsta
 
 Cost CostOf(Advance& advance, const Sample& sample, int cells) {
     const auto length = static_cast<std::size_t>(cells + 2 * B + 1);
-    std::vector<CountingFloat> edges(length), rho(length), p(length), ux(length), uy(length),
-        smoke(length);
+    std::array<std::vector<CountingFloat>, 11> arrays;
+    arrays.fill(std::vector<CountingFloat>(length));
+    auto& [edges, rho, p, ux, uy, smoke, newRho, newP, newUx, newUy, newSmoke] = arrays;
     for (std::size_t i = 0; i < length; ++i) {
         const int number = static_cast<int>(i) - B + 1;
         Cell cell;
@@ -71,13 +73,10 @@ Cost CostOf(Advance& advance, const Sample& sample, int cells) {
         uy[i] = cell.Uy;
         smoke[i] = cell.Smoke;
     }
-    std::vector<CountingFloat> results(5 * length);
-    const std::size_t o = B - 1;
-    const StripState<CountingFloat> strip = {&edges[o], &rho[o],   &p[o], &ux[o],
-                                             &uy[o],    &smoke[o], cells};
-    const StripResult<CountingFloat> result = {&results[o], &results[o + length],
-                                               &results[o + 2 * length], &results[o + 3 * length],
-                                               &results[o + 4 * length]};
+    const auto strip =
+        StripAt(edges.data(), rho.data(), p.data(), ux.data(), uy.data(), smoke.data(), cells, B);
+    const auto result =
+        ResultAt(newRho.data(), newP.data(), newUx.data(), newUy.data(), newSmoke.data(), B);
     const StepConstants<CountingFloat> constants = {
         sample.TimeStep, 1.4, 1e-8, 1e-8, 1e-8, 1e-8, 0.3, 0.2, 1.0};
     Cost cost;
