@@ -51,16 +51,12 @@ ExperimentState FullLists() {
 }
 
 std::string Replaced(std::string text, const std::string& what, const std::string& by) {
-    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+    std::size_t at = text.find(what);
+    EXPECT_NE(at, std::string::npos) << "no " << what;
+    for (; at != std::string::npos; at = text.find(what, at + by.size())) {
         text.replace(at, what.size(), by);
     }
     return text;
-}
-
-std::string ReplacedOnce(std::string text, const std::string& what, const std::string& by) {
-    const std::size_t at = text.find(what);
-    EXPECT_NE(at, std::string::npos) << "no " << what;
-    return at == std::string::npos ? text : text.replace(at, what.size(), by);
 }
 
 // What is written of what was read; nothing of a text that is refused.
@@ -122,8 +118,8 @@ TEST(ReadSetUpText, LooksAtFieldsNotAtLinesAndColumns) {
         Replaced(written, "0.01,", ".01 ,"),
         Replaced(written, "1000,", "+1.0E3,"),
         Replaced(written, " 400\r\n", " 400.5\r\n"),  // ties go to even
-        ReplacedOnce(written, " 6\r\n", " 5.5\r\n"),
-        ReplacedOnce(written, "\n41,", "\n40.6,"),
+        Replaced(written, " 6\r\n", " 5.5\r\n"),
+        Replaced(written, "\n41,", "\n40.6,"),
         Replaced(written, "401,", "501,"),  // the closing entries stand where they must
         Replaced(written, "\n0,", "\n7,"),
         written.substr(0, written.size() - 2),
@@ -139,7 +135,7 @@ TEST(ReadSetUpText, SaysWhichStringWasWrong) {
     const std::string written = WriteSetUpText(ThreePressures());
     const auto expectMessage = [&](const std::string& what, const std::string& by,
                                    const std::string& message) {
-        const SetUpReading reading = ReadSetUpText(ReplacedOnce(written, what, by), MaxGridCells);
+        const SetUpReading reading = ReadSetUpText(Replaced(written, what, by), MaxGridCells);
         EXPECT_FALSE(reading.Values.has_value());
         EXPECT_EQ(reading.Message, message + "You screwed up.   This input file will be ignored.");
     };
@@ -197,10 +193,10 @@ TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
         const std::size_t at = written.find('"' + key + '"');
         const std::string line = written.substr(at, written.find('\r', at) - at);
         for (const char* value : values) {
-            expectSilence(ReplacedOnce(written, line, '"' + key + "\", " + value));
+            expectSilence(Replaced(written, line, '"' + key + "\", " + value));
         }
     }
-    for (const auto& [what, by] : pieces) expectSilence(ReplacedOnce(written, what, by));
+    for (const auto& [what, by] : pieces) expectSilence(Replaced(written, what, by));
     for (const std::size_t end : {0U, 1U, 24U, 300U, 600U, 900U, 1200U}) {
         expectSilence(written.substr(0, end));
     }
@@ -209,15 +205,15 @@ TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
 TEST(ReadSetUpText, TakesASetUpWithoutPointsIfItsAxesHaveLength) {
     const auto isTaken = [](const std::string& text) { return !ReadAndWritten(text).empty(); };
     const std::string written = WriteSetUpText(ThreePressures());
-    const std::string noPoints = ReplacedOnce(written, " 6\r\n", " 0\r\n");
+    const std::string noPoints = Replaced(written, " 6\r\n", " 0\r\n");
     EXPECT_TRUE(isTaken(noPoints));
-    EXPECT_FALSE(isTaken(ReplacedOnce(noPoints, "-49.9895", "1049.9995")));
-    EXPECT_TRUE(isTaken(ReplacedOnce(written, "-49.9895", "1049.9995")));
-    EXPECT_TRUE(isTaken(ReplacedOnce(noPoints, " 400\r\n", " 6\r\n")));
-    EXPECT_FALSE(isTaken(ReplacedOnce(noPoints, " 400\r\n", " 5\r\n")));
+    EXPECT_FALSE(isTaken(Replaced(noPoints, "-49.9895", "1049.9995")));
+    EXPECT_TRUE(isTaken(Replaced(written, "-49.9895", "1049.9995")));
+    EXPECT_TRUE(isTaken(Replaced(noPoints, " 400\r\n", " 6\r\n")));
+    EXPECT_FALSE(isTaken(Replaced(noPoints, " 400\r\n", " 5\r\n")));
     // More points than the lists of so small a grid can hold, with all their rows.
-    std::string crowded = ReplacedOnce(written, " 400\r\n", " 6\r\n");
-    crowded = ReplacedOnce(crowded, "\"NSelected\",            6", "\"NSelected\", 40");
+    std::string crowded = Replaced(written, " 400\r\n", " 6\r\n");
+    crowded = Replaced(crowded, "\"NSelected\",            6", "\"NSelected\", 40");
     for (int m = 0; m < 40; ++m) crowded += "1, 0.5, 1, 1, 0\r\n";
     EXPECT_FALSE(isTaken(crowded));
 }
