@@ -16,6 +16,7 @@ struct SchemeLibrary {
     std::string Trouble = {};
 
     bool IsLoaded() const { return Kestrel64 || Kestrel32 || Heron32 || Plover; }
+    bool CarriesSmoke() const { return Plover == nullptr; }
 };
 
 // The library of "Kestrel", "Kestrel32", "Heron32" or "Plover". It is looked for where the program

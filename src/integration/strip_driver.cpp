@@ -1,8 +1,10 @@
 #include "integration/strip_driver.h"
 
 #include <algorithm>
+#include <bit>
 #include <chrono>
 #include <cmath>
+#include <cstdint>
 
 #include "integration/tick_arrays.h"
 #include "model/experiment_state.h"
@@ -70,28 +72,57 @@ void FillRows(const OffsetArray<Float>& field, const Strip& strip, int boundary,
     for (int row = first; row <= last; ++row) std::copy_n(source, length, rows.At(row * length));
 }
 
-// Real cells 1..W of a result array to their place in the grid, at most as far as cell N: Heron32's
-// last strip reaches further. Returns whether they are finite.
-template <typename Float>
-WIDE_VECTORS bool Gather(const OffsetArray<Float>& result, const Strip& strip, int boundary,
-                         int nGridCells, OffsetArray<double>& field) {
+// Real cells 1..W of a result array, made lawful, to their place in the grid, at most as far as
+// cell N: Heron32's last strip reaches further. Marks them all as not given. Returns whether those
+// taken were finite. Everything in one pass: between two strips the library's own arrays fill the
+// cache.
+template <typename Float, typename Lawful>
+[[gnu::always_inline]] inline bool Take(OffsetArray<Float>& result, const Strip& strip,
+                                        int boundary, int nGridCells, OffsetArray<double>& field,
+                                        Lawful lawful) {
     const int count = std::min(strip.Width, nGridCells - strip.Offset);
-    const Float* from = result.At(boundary);
+    Float* from = result.At(boundary);
     double* to = field.At(strip.Offset + 1);
-    for (int i = 0; i < count; ++i) to[i] = from[i];
-    return AllFinite(from, count);
+    FiniteCheck<Float> check;
+    for (int i = 0; i < count; ++i) {
+        check.Look(from[i]);
+        to[i] = lawful(from[i]);
+        from[i] = NotGiven<Float>;
+    }
+    std::fill(from + count, from + strip.Width, NotGiven<Float>);
+    return check.AllWereFinite();
 }
 
+// Where no smoke is carried FSmokeNew is clear already.
 template <typename Float>
-void GatherResults(const StripArrays<Float>& arrays, const Strip& strip, ExperimentState& state,
-                   TickArrays& tick) {
+WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
+                              ExperimentState& state, TickArrays& tick) {
     const int b = state.NBDY;
     const int n = state.NGridCells;
-    tick.ResultsAreFinite &= Gather(arrays.RhoStrip, strip, b, n, tick.RhoOut);
-    tick.ResultsAreFinite &= Gather(arrays.PStrip, strip, b, n, tick.POut);
-    tick.ResultsAreFinite &= Gather(arrays.UxStrip, strip, b, n, tick.UxOut);
-    tick.ResultsAreFinite &= Gather(arrays.UyStrip, strip, b, n, state.UyNew);
-    tick.ResultsAreFinite &= Gather(arrays.SmokeStrip, strip, b, n, state.FSmokeNew);
+    const auto raisedTo = [](double floor) {
+        return [floor](double value) { return value < floor ? floor : value; };
+    };
+    const auto smallToZero = [floor = state.VFloor](double velocity) {
+        return (velocity < floor) & (velocity > -floor) ? 0.0 : velocity;
+    };
+    const auto asItIs = [](double value) { return value; };
+    bool finite = Take(arrays.RhoStrip, strip, b, n, tick.RhoOut, raisedTo(state.RhoFloor));
+    finite &= Take(arrays.PStrip, strip, b, n, tick.POut, raisedTo(state.PFloor));
+    finite &= Take(arrays.UxStrip, strip, b, n, tick.UxOut, smallToZero);
+    finite &= Take(arrays.UyStrip, strip, b, n, state.UyNew, smallToZero);
+    if (tick.Library.CarriesSmoke()) {
+        finite &= Take(arrays.SmokeStrip, strip, b, n, state.FSmokeNew, asItIs);
+    }
+    tick.ResultsAreFinite &= finite;
+}
+
+// Zero to the cells first..last; one that is zero already costs no more than a look at it.
+WIDE_VECTORS void Clear(OffsetArray<double>& field, int first, int last) {
+    const double* values = field.At(first);
+    const int count = last - first + 1;
+    std::uint64_t bits = 0;
+    for (int i = 0; i < count; ++i) bits |= std::bit_cast<std::uint64_t>(values[i]);
+    if (bits != 0) std::fill_n(field.At(first), count, 0.0);
 }
 
 WIDE_VECTORS void Narrow(const OffsetArray<double>& wide, int first, int last,
@@ -175,7 +206,6 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
     for (int s = 0; s < plan.StripCount; ++s) {
         Strip strip{s * plan.StripWidth, plan.StripWidth};
         strip.Width = std::min(strip.Width, n - strip.Offset);
-        arrays.ClearResults(strip.Width, b, true);
         const bool middle = tick.Library.ReadsMiddleRowOnly;
         FillRows(state.Rho, strip, b, middle, arrays.RhoRows);
         FillRows(state.P, strip, b, middle, arrays.PRows);
@@ -183,7 +213,7 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
         FillRows(state.Uy, strip, b, middle, arrays.UyRows);
         CallKestrel(tick.Library.Kestrel64, state.X, state.FSmoke, tick.UzOut, arrays, strip, b,
                     constants, tick.StepCourant, tick);
-        GatherResults(arrays, strip, state, tick);
+        TakeResults(arrays, strip, state, tick);
     }
 }
 
@@ -225,8 +255,8 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
     auto courant = static_cast<float>(tick.StepCourant);
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
-    const bool carriesSmoke = tick.Library.Plover == nullptr;
-    NarrowGrid(state, carriesSmoke, grid);
+    NarrowGrid(state, tick.Library.CarriesSmoke(), grid);
+    if (!tick.Library.CarriesSmoke()) Clear(state.FSmokeNew, 1, n);
 
     {
         const StripClock clock(state, tick);
@@ -236,9 +266,8 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
             if (tick.Library.Heron32 == nullptr) {
                 strip.Width = std::min(strip.Width, n - strip.Offset);
             }
-            arrays.ClearResults(strip.Width, b, carriesSmoke);
             CallLibrary32(strip, b, constants, courant, tick);
-            GatherResults(arrays, strip, state, tick);
+            TakeResults(arrays, strip, state, tick);
         }
     }
     tick.StepCourant = courant;

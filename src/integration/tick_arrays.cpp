@@ -1,11 +1,9 @@
 #include "integration/tick_arrays.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "model/experiment_state.h"
 #include "model/limits.h"
-#include "model/wide_vectors.h"
 
 StripPlan PlanStrips(int nGridCells, int widestStrip) {
     const int count = (nGridCells + widestStrip - 1) / widestStrip;
@@ -20,24 +18,8 @@ StripArrays<Float>::StripArrays(int width, int boundary) {
     }
     for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip, &SmokeStrip}) {
         *array = OffsetArray<Float>(0, width + 2 * boundary);
+        std::fill_n(array->At(boundary), width, NotGiven<Float>);
     }
-}
-
-namespace {
-
-template <typename Float>
-WIDE_VECTORS void MarkAsNotGiven(Float* results, int count) {
-    for (int i = 0; i < count; ++i) results[i] = std::numeric_limits<Float>::quiet_NaN();
-}
-
-}  // namespace
-
-template <typename Float>
-void StripArrays<Float>::ClearResults(int width, int boundary, bool carriesSmoke) {
-    for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip}) {
-        MarkAsNotGiven(array->At(boundary), width);
-    }
-    if (carriesSmoke) MarkAsNotGiven(SmokeStrip.At(boundary), width);
 }
 
 template struct StripArrays<double>;
@@ -57,9 +39,10 @@ TickArrays::TickArrays(const ExperimentState& state, const SchemeLibrary& librar
     if (!Library.IsLoaded()) return;
     const int n = state.NGridCells;
     const int b = state.NBDY;
-    for (OffsetArray<double>* array : {&RhoOut, &POut, &UxOut, &UzOut}) {
-        *array = OffsetArray<double>(FirstCell, n + b + 1);
+    for (OffsetArray<double>* array : {&RhoOut, &POut, &UxOut}) {
+        *array = OffsetArray<double>(FirstCell, state.Rho.Last());
     }
+    UzOut = OffsetArray<double>(FirstCell, n + b + 1);
     if (Library.Kestrel64 != nullptr) {
         Strip64 = StripArrays<double>(PlanStrips(n, WidestStrip64).StripWidth, b);
         return;

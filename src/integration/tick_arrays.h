@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <string>
 
 #include "integration/scheme_library.h"
@@ -21,19 +22,21 @@ struct StripPlan {
 };
 StripPlan PlanStrips(int nGridCells, int widestStrip);
 
+// Stands in a result that a library has not given.
+template <typename Float>
+constexpr Float NotGiven = std::numeric_limits<Float>::quiet_NaN();
+
 // The strip under way. A row is strip cells 1-B..W+B; the row arrays hold 25 equal rows one behind
 // the other, ZeroRows nothing but zeros; a result array is strip cells 1-B..W+B+1. B is NBDY and W
 // the width of the strip. Sized for the widest strip of the plan.
+// Before a call the real cells of the results are marked as not given: one that the library leaves
+// out is no number, and not what another strip has left there. Whoever takes them marks them anew.
 template <typename Float>
 struct StripArrays {
     static constexpr int Rows = 25;
 
     StripArrays() = default;
     StripArrays(int width, int boundary);
-
-    // Marks the real cells of the results as not given: one that the library leaves out is no
-    // number, and not what another strip has left there. Smoke stays zero where none is carried.
-    void ClearResults(int width, int boundary, bool carriesSmoke);
 
     // The rows and results are addressed from 0, as they go to the library.
     OffsetArray<Float> RhoRows, PRows, UxRows, UyRows, ZeroRows;
@@ -62,8 +65,9 @@ struct TickArrays {
     bool ResultsAreFinite = true;
     std::string Refusal;  // why the last step could not be taken, as part of a sentence
 
-    OffsetArray<double> RhoOut, POut, UxOut;  // new state of cells 1..N
-    OffsetArray<double> UzOut;                // the library's third velocity, read by nobody
+    // New state of cells 1..N, on arrays as long as the fields whose place they take.
+    OffsetArray<double> RhoOut, POut, UxOut;
+    OffsetArray<double> UzOut;  // the library's third velocity, read by nobody
     NarrowedGrid Grid32;
     StripArrays<double> Strip64;
     StripArrays<float> Strip32;

@@ -1,8 +1,10 @@
 #include "integration/time_step.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "integration/boundary_zones.h"
 #include "integration/operation_meter.h"
@@ -10,7 +12,6 @@
 #include "integration/tick_arrays.h"
 #include "model/experiment_state.h"
 #include "model/number_text.h"
-#include "model/wide_vectors.h"
 
 namespace {
 
@@ -59,24 +60,13 @@ int StepsOfTick(const ExperimentState& state) {
     return std::clamp(steps, 1, updates / (state.NGridCells * CallsPerStrip(state)));
 }
 
-WIDE_VECTORS void AcceptStep(ExperimentState& state, const TickArrays& tick) {
-    const int n = state.NGridCells;
-    // One field after the other: loops over two arrays are what compilers make vectors of.
-    const auto accept = [n](const OffsetArray<double>& results, OffsetArray<double>& field,
-                            auto lawful) {
-        std::transform(results.At(1), results.At(n) + 1, field.At(1), lawful);
-    };
-    const auto raisedTo = [](double floor) {
-        return [floor](double value) { return value < floor ? floor : value; };
-    };
-    const auto smallToZero = [floor = state.VFloor](double velocity) {
-        return (velocity < floor) & (velocity > -floor) ? 0.0 : velocity;
-    };
-    accept(tick.RhoOut, state.Rho, raisedTo(state.RhoFloor));
-    accept(tick.POut, state.P, raisedTo(state.PFloor));
-    accept(tick.UxOut, state.Ux, smallToZero);
-    accept(state.UyNew, state.Uy, smallToZero);
-    std::copy(state.FSmokeNew.At(1), state.FSmokeNew.At(n) + 1, state.FSmoke.At(1));
+void AcceptStep(ExperimentState& state, TickArrays& tick) {
+    assert(tick.RhoOut.Last() == state.Rho.Last() && state.UyNew.Last() == state.Uy.Last());
+    std::swap(state.Rho, tick.RhoOut);
+    std::swap(state.P, tick.POut);
+    std::swap(state.Ux, tick.UxOut);
+    std::swap(state.Uy, state.UyNew);
+    std::swap(state.FSmoke, state.FSmokeNew);
 }
 
 void ControlTimeStep(ExperimentState& state, double stepCourant) {

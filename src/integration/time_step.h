@@ -16,9 +16,10 @@ int StepsOfTick(const ExperimentState& state);
 // is then as it was, DTime included, and tick.Refusal says why.
 bool TakeTimeStep(ExperimentState& state, TickArrays& tick);
 
-// Replaces cells 1..N by the results of the attempt. Density and pressure are raised to their
-// floors; a velocity smaller than VFloor becomes 0.
-void AcceptStep(ExperimentState& state, const TickArrays& tick);
+// Puts the results of the attempt, which have their floors, in the place of the fields; what the
+// fields held before becomes room for the next results. The ghost cells are right only after the
+// next FillBoundaryZones.
+void AcceptStep(ExperimentState& state, TickArrays& tick);
 
 // DTime for the next step: grows by 2.5 per cent, up to PlotInterval, while the step stays below 90
 // per cent of the Courant target, and falls back to the target at once when it overshoots.

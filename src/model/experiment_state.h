@@ -19,7 +19,7 @@ struct ExperimentState {
 
     // ---- State arrays, cells -6..10*(N\3)+7 ----
     // Cells 1..N are real. The NBDY cells beyond either end are ghosts, right only after
-    // FillBoundaryZones.
+    // FillBoundaryZones. An accepted step trades the fields for the arrays of its results.
     OffsetArray<double> X;       // X[i] is the left edge of cell i, X[i+1] its right
     OffsetArray<double> Rho;     // density
     OffsetArray<double> P;       // pressure
@@ -27,11 +27,12 @@ struct ExperimentState {
     OffsetArray<double> Uy;      // transverse velocity
     OffsetArray<double> FSmoke;  // smoke marker, a passive tracer
 
-    // ---- Work arrays, cells -6..N+7 ----
     OffsetArray<double> UyNew;      // result of a time step for Uy, cells 1..N
     OffsetArray<double> FSmokeNew;  // result of a time step for FSmoke, cells 1..N
-    OffsetArray<double> C2;         // square of the sound speed, as last worked out by a set-up
-    OffsetArray<double> C;          // sound speed, the root of C2
+
+    // ---- Work arrays, cells -6..N+7 ----
+    OffsetArray<double> C2;  // square of the sound speed, as last worked out by a set-up
+    OffsetArray<double> C;   // sound speed, the root of C2
 
     // ---- State store, elements 0..StoreCapacity ----
     // Cell i of stored state s is element s*(N+2)+i, i from 0 to N+1: one ghost cell on either

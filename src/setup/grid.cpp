@@ -9,11 +9,11 @@
 
 void AllocateFields(ExperimentState& state) {
     const int n = state.NGridCells;
-    for (OffsetArray<double>* array :
-         {&state.X, &state.Rho, &state.P, &state.Ux, &state.Uy, &state.FSmoke}) {
+    for (OffsetArray<double>* array : {&state.X, &state.Rho, &state.P, &state.Ux, &state.Uy,
+                                       &state.FSmoke, &state.UyNew, &state.FSmokeNew}) {
         *array = OffsetArray<double>(FirstCell, 10 * (n / 3) + 7);
     }
-    for (OffsetArray<double>* array : {&state.UyNew, &state.FSmokeNew, &state.C2, &state.C}) {
+    for (OffsetArray<double>* array : {&state.C2, &state.C}) {
         *array = OffsetArray<double>(FirstCell, n + 7);
     }
 }
