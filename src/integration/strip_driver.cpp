@@ -62,14 +62,28 @@ struct Constants {
 // The 25 equal rows of strip cells 1-B..W+B of one field; the middle one alone for a library that
 // says that it reads no other, which is most of the work of a strip saved.
 template <typename Float>
-void FillRows(const OffsetArray<Float>& field, const Strip& strip, int boundary, bool middleRowOnly,
-              OffsetArray<Float>& rows) {
+[[gnu::always_inline]] inline void FillRows(const OffsetArray<double>& field, const Strip& strip,
+                                            int boundary, bool middleRowOnly,
+                                            OffsetArray<Float>& rows) {
     constexpr int middle = StripArrays<Float>::Rows / 2;
-    const int first = middleRowOnly ? middle : 0;
-    const int last = middleRowOnly ? middle : StripArrays<Float>::Rows - 1;
     const int length = strip.Width + 2 * boundary;
-    const Float* source = field.At(strip.Offset + 1 - boundary);
-    for (int row = first; row <= last; ++row) std::copy_n(source, length, rows.At(row * length));
+    const double* source = field.At(strip.Offset + 1 - boundary);
+    Float* filled = rows.At(middle * length);
+    for (int i = 0; i < length; ++i) filled[i] = static_cast<Float>(source[i]);
+    if (middleRowOnly) return;
+    for (int row = 0; row < StripArrays<Float>::Rows; ++row) {
+        if (row != middle) std::copy_n(filled, length, rows.At(row * length));
+    }
+}
+
+template <typename Float>
+WIDE_VECTORS void FillAllRows(const ExperimentState& state, const Strip& strip, bool middleRowOnly,
+                              StripArrays<Float>& arrays) {
+    const int b = state.NBDY;
+    FillRows(state.Rho, strip, b, middleRowOnly, arrays.RhoRows);
+    FillRows(state.P, strip, b, middleRowOnly, arrays.PRows);
+    FillRows(state.Ux, strip, b, middleRowOnly, arrays.UxRows);
+    FillRows(state.Uy, strip, b, middleRowOnly, arrays.UyRows);
 }
 
 // Real cells 1..W of a result array, made lawful, to their place in the grid, at most as far as
@@ -125,8 +139,8 @@ WIDE_VECTORS void Clear(OffsetArray<double>& field, int first, int last) {
     if (bits != 0) std::fill_n(field.At(first), count, 0.0);
 }
 
-WIDE_VECTORS void Narrow(const OffsetArray<double>& wide, int first, int last,
-                         OffsetArray<float>& narrow) {
+[[gnu::always_inline]] inline void Narrow(const OffsetArray<double>& wide, int first, int last,
+                                          OffsetArray<float>& narrow) {
     std::transform(wide.At(first), wide.At(last) + 1, narrow.At(first),
                    [](double value) { return static_cast<float>(value); });
 }
@@ -206,30 +220,29 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
     for (int s = 0; s < plan.StripCount; ++s) {
         Strip strip{s * plan.StripWidth, plan.StripWidth};
         strip.Width = std::min(strip.Width, n - strip.Offset);
-        const bool middle = tick.Library.ReadsMiddleRowOnly;
-        FillRows(state.Rho, strip, b, middle, arrays.RhoRows);
-        FillRows(state.P, strip, b, middle, arrays.PRows);
-        FillRows(state.Ux, strip, b, middle, arrays.UxRows);
-        FillRows(state.Uy, strip, b, middle, arrays.UyRows);
+        FillAllRows(state, strip, tick.Library.ReadsMiddleRowOnly, arrays);
         CallKestrel(tick.Library.Kestrel64, state.X, state.FSmoke, tick.UzOut, arrays, strip, b,
                     constants, tick.StepCourant, tick);
         TakeResults(arrays, strip, state, tick);
     }
 }
 
-void NarrowGrid(const ExperimentState& state, bool carriesSmoke, NarrowedGrid& grid) {
+WIDE_VECTORS void NarrowGrid(const ExperimentState& state, const SchemeLibrary& library,
+                             NarrowedGrid& grid) {
     const int first = 1 - state.NBDY;
     const int last = state.NGridCells + state.NBDY + 1;
-    Narrow(state.X, first, last, grid.XS);
+    if (!grid.HasEdges) Narrow(state.X, first, last, grid.XS);
+    grid.HasEdges = true;
+    if (library.CarriesSmoke()) Narrow(state.FSmoke, first, last, grid.SmokeS);
+    if (library.Kestrel32 != nullptr) return;  // its rows are narrowed as they are filled
     Narrow(state.Rho, first, last, grid.RhoS);
     Narrow(state.P, first, last, grid.PS);
     Narrow(state.Ux, first, last, grid.UxS);
     Narrow(state.Uy, first, last, grid.UyS);
-    if (carriesSmoke) Narrow(state.FSmoke, first, last, grid.SmokeS);
 }
 
-void CallLibrary32(const Strip& strip, int boundary, const Constants<float>& constants,
-                   float& courant, TickArrays& tick) {
+void CallLibrary32(const ExperimentState& state, const Strip& strip, int boundary,
+                   const Constants<float>& constants, float& courant, TickArrays& tick) {
     if (tick.Library.Heron32 != nullptr) {
         CallHeron(strip, boundary, constants, courant, tick);
     } else if (tick.Library.Plover != nullptr) {
@@ -237,11 +250,7 @@ void CallLibrary32(const Strip& strip, int boundary, const Constants<float>& con
     } else {
         NarrowedGrid& grid = tick.Grid32;
         StripArrays<float>& arrays = tick.Strip32;
-        const bool middle = tick.Library.ReadsMiddleRowOnly;
-        FillRows(grid.RhoS, strip, boundary, middle, arrays.RhoRows);
-        FillRows(grid.PS, strip, boundary, middle, arrays.PRows);
-        FillRows(grid.UxS, strip, boundary, middle, arrays.UxRows);
-        FillRows(grid.UyS, strip, boundary, middle, arrays.UyRows);
+        FillAllRows(state, strip, tick.Library.ReadsMiddleRowOnly, arrays);
         CallKestrel(tick.Library.Kestrel32, grid.XS, grid.SmokeS, grid.UzOutS, arrays, strip,
                     boundary, constants, courant, tick);
     }
@@ -255,7 +264,7 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
     auto courant = static_cast<float>(tick.StepCourant);
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
-    NarrowGrid(state, tick.Library.CarriesSmoke(), grid);
+    NarrowGrid(state, tick.Library, grid);
     if (!tick.Library.CarriesSmoke()) Clear(state.FSmokeNew, 1, n);
 
     {
@@ -266,7 +275,7 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
             if (tick.Library.Heron32 == nullptr) {
                 strip.Width = std::min(strip.Width, n - strip.Offset);
             }
-            CallLibrary32(strip, b, constants, courant, tick);
+            CallLibrary32(state, strip, b, constants, courant, tick);
             TakeResults(arrays, strip, state, tick);
         }
     }

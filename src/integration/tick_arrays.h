@@ -49,6 +49,7 @@ struct NarrowedGrid {
     NarrowedGrid() = default;
     explicit NarrowedGrid(int last);
 
+    bool HasEdges = false;  // XS is filled: the edges stay the same as long as a tick lives
     OffsetArray<float> XS, RhoS, PS, UxS, UyS, SmokeS;
     OffsetArray<float> UzOutS;  // the libraries' third velocity, read by nobody
 };
