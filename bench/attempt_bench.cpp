@@ -64,6 +64,10 @@ double KernelSeconds(ExperimentState& state, TickArrays& tick) {
 void Attempt(benchmark::State& bench, const std::string& scheme, int cells) {
     ExperimentState state = ShockTube(scheme, cells);
     TickArrays tick(state);
+    if (!tick.Library.IsLoaded()) {
+        bench.SkipWithError(tick.Library.Trouble.c_str());
+        return;
+    }
     const double kernel = KernelSeconds(state, tick);
     for (auto _ : bench) TakeTimeStep(state, tick);
     const auto steps = static_cast<double>(bench.iterations());

@@ -126,6 +126,29 @@ TEST(StripDriver, CutsTheGridAndHandsEveryStripItsOwnCellsAndNeighbours) {
     }
 }
 
+TEST(StripDriver, NoticesACellLeftOutInAnyAttemptWhateverElseWasWritten) {
+    ExperimentState state = Filled(401);  // strips of 134, 134 and 133 cells
+    static int leftOut;
+    SchemeLibrary library;
+    // Writes all the room that it has, but for one cell.
+    library.Kestrel32 = [](auto... arguments) {
+        const auto given = std::tuple(arguments...);
+        const int first = *std::get<24>(given);
+        for (float* result : {std::get<7>(given), std::get<8>(given), std::get<9>(given),
+                              std::get<10>(given), std::get<12>(given)}) {
+            for (int x = 1 - first; x <= *std::get<23>(given) + first + 1; ++x) {
+                if (x != leftOut) result[x + first - 1] = 1.0F;
+            }
+        }
+    };
+    TickArrays tick(state, library);
+    for (const int cell : {0, 134, 0, 1, 133}) {
+        leftOut = cell;
+        AdvanceAllStrips(state, tick);
+        EXPECT_EQ(tick.ResultsAreFinite, cell == 0) << cell;
+    }
+}
+
 TEST(StripDriver, FillsTheMiddleRowAloneWhereNoOtherIsRead) {
     ExperimentState state = Filled(130);
     SchemeLibrary library = Libraries[0];

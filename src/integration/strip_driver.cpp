@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
@@ -59,20 +60,22 @@ struct Constants {
     Float StepDT, Gamma, RhoFloor, AuxFloor, PFloor, VFloor, difcon, shkjmp, wavhaf;
 };
 
-// The 25 equal rows of strip cells 1-B..W+B of one field; the middle one alone for a library that
-// says that it reads no other, which is most of the work of a strip saved.
+// The 25 equal rows of strip cells 1-B..W+B of one field, in the library's float type; the middle
+// one alone for a library that says that it reads no other, which is most of the work of a strip
+// saved. Inlined, as all that runs over cells here, to be compiled for its caller's vectors.
 template <typename Float>
 [[gnu::always_inline]] inline void FillRows(const OffsetArray<double>& field, const Strip& strip,
                                             int boundary, bool middleRowOnly,
                                             OffsetArray<Float>& rows) {
     constexpr int middle = StripArrays<Float>::Rows / 2;
     const int length = strip.Width + 2 * boundary;
-    const double* source = field.At(strip.Offset + 1 - boundary);
-    Float* filled = rows.At(middle * length);
+    const int first = 1 - boundary;
+    const double* source = field.At(strip.Offset + first);
+    Float* filled = rows.At(first + middle * length);
     for (int i = 0; i < length; ++i) filled[i] = static_cast<Float>(source[i]);
     if (middleRowOnly) return;
     for (int row = 0; row < StripArrays<Float>::Rows; ++row) {
-        if (row != middle) std::copy_n(filled, length, rows.At(row * length));
+        if (row != middle) std::copy_n(filled, length, rows.At(first + row * length));
     }
 }
 
@@ -86,33 +89,30 @@ WIDE_VECTORS void FillAllRows(const ExperimentState& state, const Strip& strip, 
     FillRows(state.Uy, strip, b, middleRowOnly, arrays.UyRows);
 }
 
-// Real cells 1..W of a result array, made lawful, to their place in the grid, at most as far as
-// cell N: Heron32's last strip reaches further. Marks them all as not given. Returns whether those
-// taken were finite. Everything in one pass: between two strips the library's own arrays fill the
-// cache.
+// The first `count` results, made lawful, to a field, and marks on all that a strip can have.
+// Returns whether those taken were finite. Everything in one pass: between two strips the library's
+// own arrays fill the cache.
 template <typename Float, typename Lawful>
-[[gnu::always_inline]] inline bool Take(OffsetArray<Float>& result, const Strip& strip,
-                                        int boundary, int nGridCells, OffsetArray<double>& field,
+[[gnu::always_inline]] inline bool Take(Float* results, int count, int widest, double* field,
                                         Lawful lawful) {
-    const int count = std::min(strip.Width, nGridCells - strip.Offset);
-    Float* from = result.At(boundary);
-    double* to = field.At(strip.Offset + 1);
     FiniteCheck<Float> check;
     for (int i = 0; i < count; ++i) {
-        check.Look(from[i]);
-        to[i] = lawful(from[i]);
-        from[i] = NotGiven<Float>;
+        check.Look(results[i]);
+        field[i] = lawful(results[i]);
+        results[i] = NotGiven<Float>;
     }
-    std::fill(from + count, from + strip.Width, NotGiven<Float>);
+    std::fill(results + count, results + widest, NotGiven<Float>);
     return check.AllWereFinite();
 }
 
-// Where no smoke is carried FSmokeNew is clear already.
+// Real cells 1..W of the results to their place in the grid, at most as far as cell N: Heron32's
+// last strip reaches further. Where no smoke is carried FSmokeNew is clear already.
 template <typename Float>
 WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
                               ExperimentState& state, TickArrays& tick) {
-    const int b = state.NBDY;
-    const int n = state.NGridCells;
+    const int first = strip.Offset + 1;
+    const int count = std::min(strip.Width, state.NGridCells - strip.Offset);
+    const int widest = arrays.Widest;
     const auto raisedTo = [](double floor) {
         return [floor](double value) { return value < floor ? floor : value; };
     };
@@ -120,12 +120,13 @@ WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
         return (velocity < floor) & (velocity > -floor) ? 0.0 : velocity;
     };
     const auto asItIs = [](double value) { return value; };
-    bool finite = Take(arrays.RhoStrip, strip, b, n, tick.RhoOut, raisedTo(state.RhoFloor));
-    finite &= Take(arrays.PStrip, strip, b, n, tick.POut, raisedTo(state.PFloor));
-    finite &= Take(arrays.UxStrip, strip, b, n, tick.UxOut, smallToZero);
-    finite &= Take(arrays.UyStrip, strip, b, n, state.UyNew, smallToZero);
+    bool finite =
+        Take(arrays.RhoStrip.At(1), count, widest, tick.RhoOut.At(first), raisedTo(state.RhoFloor));
+    finite &= Take(arrays.PStrip.At(1), count, widest, tick.POut.At(first), raisedTo(state.PFloor));
+    finite &= Take(arrays.UxStrip.At(1), count, widest, tick.UxOut.At(first), smallToZero);
+    finite &= Take(arrays.UyStrip.At(1), count, widest, state.UyNew.At(first), smallToZero);
     if (tick.Library.CarriesSmoke()) {
-        finite &= Take(arrays.SmokeStrip, strip, b, n, state.FSmokeNew, asItIs);
+        finite &= Take(arrays.SmokeStrip.At(1), count, widest, state.FSmokeNew.At(first), asItIs);
     }
     tick.ResultsAreFinite &= finite;
 }
@@ -159,37 +160,40 @@ void CallKestrel(Entry* entry, const OffsetArray<Float>& x, const OffsetArray<Fl
                  OffsetArray<Float>& uzOut, StripArrays<Float>& arrays, const Strip& strip,
                  int boundary, const Constants<Float>& constants, Float& courant,
                  TickArrays& tick) {
-    const int from = strip.Offset + 1 - boundary;
+    const int first = 1 - boundary;
+    const int from = strip.Offset + first;
     for (int repeat = 0; MayCall(tick, courant, repeat); ++repeat) {
-        entry(x.At(from), arrays.RhoRows.At(0), arrays.PRows.At(0), arrays.UxRows.At(0),
-              arrays.UyRows.At(0), arrays.ZeroRows.At(0), smoke.At(from), arrays.RhoStrip.At(0),
-              arrays.PStrip.At(0), arrays.UxStrip.At(0), arrays.UyStrip.At(0), uzOut.At(from),
-              arrays.SmokeStrip.At(0), &constants.StepDT, &courant, &constants.Gamma,
-              &constants.RhoFloor, &constants.AuxFloor, &constants.PFloor, &constants.VFloor,
-              &constants.difcon, &constants.shkjmp, &constants.wavhaf, &strip.Width, &boundary,
-              &tick.OpCounters[1]);
+        entry(x.At(from), arrays.RhoRows.At(first), arrays.PRows.At(first), arrays.UxRows.At(first),
+              arrays.UyRows.At(first), arrays.ZeroRows.At(first), smoke.At(from),
+              arrays.RhoStrip.At(first), arrays.PStrip.At(first), arrays.UxStrip.At(first),
+              arrays.UyStrip.At(first), uzOut.At(from), arrays.SmokeStrip.At(first),
+              &constants.StepDT, &courant, &constants.Gamma, &constants.RhoFloor,
+              &constants.AuxFloor, &constants.PFloor, &constants.VFloor, &constants.difcon,
+              &constants.shkjmp, &constants.wavhaf, &strip.Width, &boundary, &tick.OpCounters[1]);
     }
 }
 
 void CallHeron(const Strip& strip, int boundary, const Constants<float>& constants, float& courant,
                TickArrays& tick) {
-    const int from = strip.Offset + 1 - boundary;
+    const int first = 1 - boundary;
+    const int from = strip.Offset + first;
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
     for (int repeat = 0; MayCall(tick, courant, repeat); ++repeat) {
-        tick.Library.Heron32(grid.XS.At(from), grid.RhoS.At(from), grid.PS.At(from),
-                             grid.UxS.At(from), grid.UyS.At(from), grid.UyS.At(from),
-                             grid.SmokeS.At(from), arrays.RhoStrip.At(0), arrays.PStrip.At(0),
-                             arrays.UxStrip.At(0), arrays.UyStrip.At(0), grid.UzOutS.At(from),
-                             arrays.SmokeStrip.At(0), &constants.StepDT, &courant, &constants.Gamma,
-                             &constants.RhoFloor, &constants.AuxFloor, &constants.PFloor,
-                             &constants.VFloor, &strip.Width, &boundary, &tick.OpCounters[1]);
+        tick.Library.Heron32(
+            grid.XS.At(from), grid.RhoS.At(from), grid.PS.At(from), grid.UxS.At(from),
+            grid.UyS.At(from), grid.UyS.At(from), grid.SmokeS.At(from), arrays.RhoStrip.At(first),
+            arrays.PStrip.At(first), arrays.UxStrip.At(first), arrays.UyStrip.At(first),
+            grid.UzOutS.At(from), arrays.SmokeStrip.At(first), &constants.StepDT, &courant,
+            &constants.Gamma, &constants.RhoFloor, &constants.AuxFloor, &constants.PFloor,
+            &constants.VFloor, &strip.Width, &boundary, &tick.OpCounters[1]);
     }
 }
 
 void CallPlover(const Strip& strip, int boundary, const Constants<float>& constants, float& courant,
                 TickArrays& tick) {
-    const int from = strip.Offset + 1 - boundary;
+    const int first = 1 - boundary;
+    const int from = strip.Offset + first;
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
     const float* x = grid.XS.At(from);
@@ -198,14 +202,15 @@ void CallPlover(const Strip& strip, int boundary, const Constants<float>& consta
     const float* ux = grid.UxS.At(from);
     const float* uy = grid.UyS.At(from);
     const int middleRow = StripArrays<float>::Rows / 2 * (strip.Width + 2 * boundary);
-    const float* zero = arrays.ZeroRows.At(middleRow);
+    const float* zero = arrays.ZeroRows.At(first + middleRow);
     for (int repeat = 0; MayCall(tick, courant, repeat); ++repeat) {
-        tick.Library.Plover(
-            x, rho, rho, rho, rho, rho, p, p, p, p, p, ux, ux, ux, ux, ux, uy, uy, uy, uy, uy, uy,
-            uy, zero, zero, zero, zero, zero, zero, zero, arrays.RhoStrip.At(0),
-            arrays.PStrip.At(0), arrays.UxStrip.At(0), arrays.UyStrip.At(0), grid.UzOutS.At(from),
-            &constants.StepDT, &courant, &constants.Gamma, &constants.RhoFloor, &constants.AuxFloor,
-            &constants.PFloor, &constants.VFloor, &strip.Width, &boundary, &tick.OpCounters[1]);
+        tick.Library.Plover(x, rho, rho, rho, rho, rho, p, p, p, p, p, ux, ux, ux, ux, ux, uy, uy,
+                            uy, uy, uy, uy, uy, zero, zero, zero, zero, zero, zero, zero,
+                            arrays.RhoStrip.At(first), arrays.PStrip.At(first),
+                            arrays.UxStrip.At(first), arrays.UyStrip.At(first),
+                            grid.UzOutS.At(from), &constants.StepDT, &courant, &constants.Gamma,
+                            &constants.RhoFloor, &constants.AuxFloor, &constants.PFloor,
+                            &constants.VFloor, &strip.Width, &boundary, &tick.OpCounters[1]);
     }
 }
 
@@ -227,14 +232,18 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
     }
 }
 
+// What a 32-bit library reads in place. The edges once: they stay as long as a tick lives. Rows are
+// narrowed as they are filled.
 WIDE_VECTORS void NarrowGrid(const ExperimentState& state, const SchemeLibrary& library,
                              NarrowedGrid& grid) {
     const int first = 1 - state.NBDY;
     const int last = state.NGridCells + state.NBDY + 1;
     if (!grid.HasEdges) Narrow(state.X, first, last, grid.XS);
     grid.HasEdges = true;
+    assert(grid.XS[first] == static_cast<float>(state.X[first]));
+    assert(grid.XS[last] == static_cast<float>(state.X[last]));
     if (library.CarriesSmoke()) Narrow(state.FSmoke, first, last, grid.SmokeS);
-    if (library.Kestrel32 != nullptr) return;  // its rows are narrowed as they are filled
+    if (library.Kestrel32 != nullptr) return;
     Narrow(state.Rho, first, last, grid.RhoS);
     Narrow(state.P, first, last, grid.PS);
     Narrow(state.Ux, first, last, grid.UxS);

@@ -11,14 +11,14 @@ StripPlan PlanStrips(int nGridCells, int widestStrip) {
 }
 
 template <typename Float>
-StripArrays<Float>::StripArrays(int width, int boundary) {
-    const int rows = Rows * (width + 2 * boundary);
+StripArrays<Float>::StripArrays(int widest, int boundary) : Widest(widest) {
+    const int rows = Rows * (widest + 2 * boundary);
     for (OffsetArray<Float>* array : {&RhoRows, &PRows, &UxRows, &UyRows, &ZeroRows}) {
-        *array = OffsetArray<Float>(0, rows - 1);
+        *array = OffsetArray<Float>(1 - boundary, rows - boundary);
     }
     for (OffsetArray<Float>* array : {&RhoStrip, &PStrip, &UxStrip, &UyStrip, &SmokeStrip}) {
-        *array = OffsetArray<Float>(0, width + 2 * boundary);
-        std::fill_n(array->At(boundary), width, NotGiven<Float>);
+        *array = OffsetArray<Float>(1 - boundary, widest + boundary + 1);
+        std::fill_n(array->At(1), widest, NotGiven<Float>);
     }
 }
 

@@ -28,17 +28,18 @@ constexpr Float NotGiven = std::numeric_limits<Float>::quiet_NaN();
 
 // The strip under way. A row is strip cells 1-B..W+B; the row arrays hold 25 equal rows one behind
 // the other, ZeroRows nothing but zeros; a result array is strip cells 1-B..W+B+1. B is NBDY and W
-// the width of the strip. Sized for the widest strip of the plan.
-// Before a call the real cells of the results are marked as not given: one that the library leaves
-// out is no number, and not what another strip has left there. Whoever takes them marks them anew.
+// the width of the strip. Before a call the real cells of the results are marked as not given: one
+// that the library leaves out is no number, and not what another strip has left there. Whoever
+// takes results marks them anew, as far as the widest strip of the plan, for which all is sized.
 template <typename Float>
 struct StripArrays {
     static constexpr int Rows = 25;
 
     StripArrays() = default;
-    StripArrays(int width, int boundary);
+    StripArrays(int widest, int boundary);
 
-    // The rows and results are addressed from 0, as they go to the library.
+    int Widest = 0;
+    // Indexed by strip cell, the rows by that of the first row: both begin at 1-B.
     OffsetArray<Float> RhoRows, PRows, UxRows, UyRows, ZeroRows;
     OffsetArray<Float> RhoStrip, PStrip, UxStrip, UyStrip, SmokeStrip;
 };
@@ -49,7 +50,7 @@ struct NarrowedGrid {
     NarrowedGrid() = default;
     explicit NarrowedGrid(int last);
 
-    bool HasEdges = false;  // XS is filled: the edges stay the same as long as a tick lives
+    bool HasEdges = false;  // XS is filled
     OffsetArray<float> XS, RhoS, PS, UxS, UyS, SmokeS;
     OffsetArray<float> UzOutS;  // the libraries' third velocity, read by nobody
 };

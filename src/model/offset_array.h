@@ -4,26 +4,30 @@
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <new>
 
+#include "model/wide_vectors.h"
+
 // An array whose indices run from First() to Last(), both included. Index i is a cell number, not
 // a distance from the start of the storage. Every element starts at zero. Fresh storage costs no
 // time and no memory until it is written: the system hands out zero pages on first touch, so that
-// a store of two thousand states of a large grid is made in an instant.
+// a store of two thousand states of a large grid is made in an instant. Element 1, the first real
+// cell, stands at the start of a cache line, so that loops from there on load and store whole ones.
 template <typename T>
 class OffsetArray {
 public:
     OffsetArray() = default;
     OffsetArray(int first, int last)
-        : first_(first),
-          size_(static_cast<std::size_t>(last - first + 1)),
-          values_(Zeroed(size_)) {}
+        : first_(first), size_(static_cast<std::size_t>(last - first + 1)) {
+        Allocate();
+    }
 
-    OffsetArray(const OffsetArray& other)
-        : first_(other.first_), size_(other.size_), values_(Zeroed(size_)) {
-        std::copy_n(other.values_.get(), size_, values_.get());
+    OffsetArray(const OffsetArray& other) : first_(other.first_), size_(other.size_) {
+        Allocate();
+        std::copy_n(other.values_, size_, values_);
     }
     OffsetArray(OffsetArray&& other) noexcept { Swap(other); }
     OffsetArray& operator=(OffsetArray other) noexcept {
@@ -48,8 +52,7 @@ public:
         OffsetArray grown(first_, last);
         const int end = std::min({keepLast, Last(), last});
         if (end >= first_) {
-            std::copy_n(values_.get(), static_cast<std::size_t>(end - first_ + 1),
-                        grown.values_.get());
+            std::copy_n(values_, static_cast<std::size_t>(end - first_ + 1), grown.values_);
         }
         Swap(grown);
     }
@@ -57,19 +60,24 @@ public:
 
 private:
     struct Free {
-        void operator()(T* values) const { std::free(values); }
+        void operator()(std::byte* storage) const { std::free(storage); }
     };
 
-    static std::unique_ptr<T[], Free> Zeroed(std::size_t size) {
-        if (size == 0) return nullptr;
-        void* values = std::calloc(size, sizeof(T));
-        if (values == nullptr) throw std::bad_alloc();
-        return std::unique_ptr<T[], Free>(static_cast<T*>(values));
+    // Zeroed storage for size_ elements, so placed in it that element 1 begins a cache line.
+    void Allocate() {
+        if (size_ == 0) return;
+        storage_.reset(
+            static_cast<std::byte*>(std::calloc(size_ + CacheLine / sizeof(T), sizeof(T))));
+        if (storage_ == nullptr) throw std::bad_alloc();
+        const auto element1 = reinterpret_cast<std::uintptr_t>(storage_.get()) +
+                              static_cast<std::uintptr_t>(1 - first_) * sizeof(T);
+        values_ = reinterpret_cast<T*>(storage_.get() + (0 - element1) % CacheLine);
     }
 
     void Swap(OffsetArray& other) noexcept {
         std::swap(first_, other.first_);
         std::swap(size_, other.size_);
+        std::swap(storage_, other.storage_);
         std::swap(values_, other.values_);
     }
 
@@ -80,5 +88,6 @@ private:
 
     int first_ = 0;
     std::size_t size_ = 0;
-    std::unique_ptr<T[], Free> values_;
+    std::unique_ptr<std::byte[], Free> storage_;
+    T* values_ = nullptr;  // element First(), somewhere in the first line of the storage
 };
