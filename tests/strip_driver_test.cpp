@@ -127,7 +127,7 @@ TEST(StripDriver, CutsTheGridAndHandsEveryStripItsOwnCellsAndNeighbours) {
 }
 
 TEST(StripDriver, NoticesACellLeftOutInAnyAttemptWhateverElseWasWritten) {
-    ExperimentState state = Filled(401);  // strips of 134, 134 and 133 cells
+    ExperimentState state = Filled(399);  // strips of 200 and 199 cells
     static int leftOut;
     SchemeLibrary library;
     // Writes all the room that it has, but for one cell.
@@ -142,7 +142,7 @@ TEST(StripDriver, NoticesACellLeftOutInAnyAttemptWhateverElseWasWritten) {
         }
     };
     TickArrays tick(state, library);
-    for (const int cell : {0, 134, 0, 1, 133}) {
+    for (const int cell : {0, 200, 0, 1, 199}) {
         leftOut = cell;
         AdvanceAllStrips(state, tick);
         EXPECT_EQ(tick.ResultsAreFinite, cell == 0) << cell;
