@@ -1,11 +1,9 @@
 #include "integration/strip_driver.h"
 
 #include <algorithm>
-#include <bit>
 #include <cassert>
 #include <chrono>
 #include <cmath>
-#include <cstdint>
 
 #include "integration/tick_arrays.h"
 #include "model/experiment_state.h"
@@ -129,15 +127,6 @@ WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
         finite &= Take(arrays.SmokeStrip.At(1), count, widest, state.FSmokeNew.At(first), asItIs);
     }
     tick.ResultsAreFinite &= finite;
-}
-
-// Zero to the cells first..last; one that is zero already costs no more than a look at it.
-WIDE_VECTORS void Clear(OffsetArray<double>& field, int first, int last) {
-    const double* values = field.At(first);
-    const int count = last - first + 1;
-    std::uint64_t bits = 0;
-    for (int i = 0; i < count; ++i) bits |= std::bit_cast<std::uint64_t>(values[i]);
-    if (bits != 0) std::fill_n(field.At(first), count, 0.0);
 }
 
 [[gnu::always_inline]] inline void Narrow(const OffsetArray<double>& wide, int first, int last,
@@ -274,7 +263,9 @@ void Drive32(ExperimentState& state, TickArrays& tick) {
     NarrowedGrid& grid = tick.Grid32;
     StripArrays<float>& arrays = tick.Strip32;
     NarrowGrid(state, tick.Library, grid);
-    if (!tick.Library.CarriesSmoke()) Clear(state.FSmokeNew, 1, n);
+    if (!tick.Library.CarriesSmoke() && !tick.SmokeIsGone) {
+        std::fill_n(state.FSmokeNew.At(1), n, 0.0);
+    }
 
     {
         const StripClock clock(state, tick);

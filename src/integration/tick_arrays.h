@@ -70,6 +70,7 @@ struct TickArrays {
     // New state of cells 1..N, on arrays as long as the fields whose place they take.
     OffsetArray<double> RhoOut, POut, UxOut;
     OffsetArray<double> UzOut;  // the library's third velocity, read by nobody
+    bool SmokeIsGone = false;  // from FSmoke and FSmokeNew, by a step of a scheme that carries none
     NarrowedGrid Grid32;
     StripArrays<double> Strip64;
     StripArrays<float> Strip32;

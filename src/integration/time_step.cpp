@@ -67,6 +67,10 @@ void AcceptStep(ExperimentState& state, TickArrays& tick) {
     std::swap(state.Ux, tick.UxOut);
     std::swap(state.Uy, state.UyNew);
     std::swap(state.FSmoke, state.FSmokeNew);
+    if (!tick.Library.CarriesSmoke() && !tick.SmokeIsGone) {
+        std::fill_n(state.FSmokeNew.At(1), state.NGridCells, 0.0);
+        tick.SmokeIsGone = true;
+    }
 }
 
 void ControlTimeStep(ExperimentState& state, double stepCourant) {
