@@ -5,6 +5,7 @@
 #include <compare>
 #include <limits>
 
+#include "schemes/arithmetic.h"
 #include "schemes/operation_counts.h"
 
 struct CountingFloat {
@@ -45,3 +46,10 @@ template <>
 struct std::numeric_limits<CountingFloat> : std::numeric_limits<double> {
     static CountingFloat max() { return std::numeric_limits<double>::max(); }
 };
+
+template <>
+inline const CountingFloat Bound<CountingFloat>::Zero = 0.0;
+template <>
+inline const CountingFloat Bound<CountingFloat>::One = 1.0;
+template <>
+inline const CountingFloat Bound<CountingFloat>::Tiny = 1e-30;

@@ -57,11 +57,15 @@ inline Float Largest(const Float* row, int first, int last) {
     for (int i = first; i <= last; ++i) largest = Most(largest, row[i]);
     return largest;
 }
-// Far below every density, pressure and speed, and far above the smallest normal number.
+// Numbers that values are held against by Least, Most and Between. They are defined in a file of
+// their own (bounds.cpp), so that no kernel's compiler knows them: where GCC 12 knows one side of a
+// minimum or maximum it makes two to five instructions of what is one.
 template <typename Float>
-inline Float Tiny() {
-    return Float(1e-30);
-}
+struct Bound {
+    static const Float Zero;
+    static const Float One;
+    static const Float Tiny;  // far below every density, pressure and speed, yet a normal number
+};
 template <typename Float>
 inline Float LargestFinite() {
     return std::numeric_limits<Float>::max();

@@ -44,12 +44,13 @@ VaryingCells FindVarying(const Float* a, int n) {
 template <typename Float>
 void TraceCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
                   CarriedRows<Float>& rows, int first, int last) {
-    const Float one = Float(1);
+    const Float zero = Bound<Float>::Zero;
+    const Float one = Bound<Float>::One;
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float mass = fluxes.Mass[i];
-        const Float shareL = Between(Float(0), mass * cells.StepPerMass[i - 1], one);
-        const Float shareR = Between(Float(0), -mass * cells.StepPerMass[i], one);
+        const Float shareL = Between(zero, mass * cells.StepPerMass[i - 1], one);
+        const Float shareR = Between(zero, -mass * cells.StepPerMass[i], one);
         const Float fromLeft =
             a[i - 1] + RightPart(rows.Shape.FromLeft[i - 1], rows.Shape.ToRight[i - 1], shareL);
         const Float fromRight =
@@ -62,7 +63,7 @@ void TraceCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes
 template <typename Float>
 void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
                     CarriedRows<Float>& rows, int first, int last) {
-    const Float one = Float(1);
+    const Float one = Bound<Float>::One;
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float mass = fluxes.Mass[i];

@@ -101,7 +101,7 @@ template <bool KnownSubsonic, typename Float>
                                              const CharacteristicParabolas<Float>& parabolas,
                                              EdgeStates<Float>& states, int i) {
     const Float half = Float(0.5);
-    const Float zero = Float(0);
+    const Float zero = Bound<Float>::Zero;
     const Float rho = strip.Rho[i];
     const Float p = strip.P[i];
     const Float u = strip.Ux[i];
@@ -187,9 +187,9 @@ template <typename Float>
     const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i],
                                    Float(0.75));
     const Float right =
-        rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Most(swept.Right, Float(0)));
+        rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Most(swept.Right, Bound<Float>::Zero));
     const Float left =
-        rho[i] + PartOfJump(rho[i + 1], rho[i], rho[i - 1], Most(swept.Left, Float(0)));
+        rho[i] + PartOfJump(rho[i + 1], rho[i], rho[i - 1], Most(swept.Left, Bound<Float>::Zero));
     const Float gainR = right - states.RhoLeft[i + 1];
     const Float gainL = left - states.RhoRight[i];
     states.RhoLeft[i + 1] = states.RhoLeft[i + 1] + share * gainR;

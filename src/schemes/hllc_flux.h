@@ -43,7 +43,7 @@ void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>&
         const Float soundOfFaster = Root(gamma * (pFast * (perSums * sumRho)));
         const Float soundOfBoth = Root(gamma * ((pL + pR) * perSumRho));
         const Float closing = uL - uR;
-        const Float meeting = strong * Most(closing, zero);
+        const Float meeting = strong * Most(closing, Bound<Float>::Zero);
         const Float usual = Most(soundOfBoth + half * meeting, soundOfFaster);
         const Float stopping = meeting * perSumRho;
         const Float reachL = Most(usual, stopping * rhoR);

@@ -23,14 +23,14 @@ struct Jump {
         Size = ::Size(rise);
         // 20 (third / (6 size) - 0.05), cut to 0..1
         const Float third = bendLeft - bendRight;
-        const Float raw = Between(Float(0), Float(20.0 / 6.0) * third - Size, Size);
+        const Float raw = Between(Bound<Float>::Zero, Float(20.0 / 6.0) * third - Size, Size);
         const bool turning = (bendLeft > Float(0)) & (bendRight < Float(0));
         const bool rising = (Along(left, rise) > Float(0)) & (Along(right, rise) > Float(0));
         Excess = Choose(turning & rising, raw, Float(0));
     }
     [[gnu::always_inline]] bool IsOne() const { return Excess > Float(0); }
     // 0 to 1
-    [[gnu::always_inline]] Float Share() const { return Excess / Most(Size, Tiny<Float>()); }
+    [[gnu::always_inline]] Float Share() const { return Excess / Most(Size, Bound<Float>::Tiny); }
 };
 
 // Fills the shares of cells first..last of a, a whole number of chunks. Returns how many of them
@@ -70,9 +70,10 @@ template <typename Float>
 template <typename Float>
 [[gnu::always_inline]] inline Float PartOfJump(Float far, Float here, Float near, Float nu) {
     const Float rise = near - far;
-    const Float safeRise = Signed(Most(Size(rise), Tiny<Float>()), rise);
+    const Float safeRise = Signed(Most(Size(rise), Bound<Float>::Tiny), rise);
     const Float filled = (here - far) / safeRise;
     // At most the share itself: a cell that holds no jump may be less than empty, by any amount.
-    const Float past = Least(Most(nu - filled, Float(0)), nu) / Most(nu, Tiny<Float>());
+    const Float past =
+        Least(Most(nu - filled, Bound<Float>::Zero), nu) / Most(nu, Bound<Float>::Tiny);
     return (near - here) - rise * past;
 }

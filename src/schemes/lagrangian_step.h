@@ -49,8 +49,8 @@ struct CutSlope {
 
     [[gnu::always_inline]] CutSlope(Float a, Float b, Float mean) {
         const Float two = Float(2);
-        Rising = Most(Least(mean, two * Least(a, b)), Float(0));
-        Falling = Least(Most(mean, two * Most(a, b)), Float(0));
+        Rising = Most(Least(mean, two * Least(a, b)), Bound<Float>::Zero);
+        Falling = Least(Most(mean, two * Most(a, b)), Bound<Float>::Zero);
     }
     [[gnu::always_inline]] Float Signed() const { return Rising + Falling; }
     // The part of a rise that is along the slope and no larger.
@@ -105,7 +105,7 @@ template <typename Float>
     const Float half = Float(0.5);
     const Float delay = Float(2.0 / 3.0) * stepPerWidth * (half * riseU + riseC);
     const Float share = (soundSpeed + half * riseC) * stepPerWidth * (Float(1) - delay);
-    return Between(Float(0), share, Float(1));
+    return Between(Bound<Float>::Zero, share, Bound<Float>::One);
 }
 
 // The states beside the edges, averaged over the part of the cells from which sound reaches the

@@ -44,7 +44,7 @@ struct Differences {
 template <typename Float>
 [[gnu::always_inline]] inline void LimitedParabola(const Differences<Float>& d, Float& fromLeft,
                                                    Float& toRight) {
-    const Float zero = Float(0);
+    const Float zero = Bound<Float>::Zero;
     const Float half = Float(0.5);
     const Float two = Float(2);
     const Float sixth = Float(1.0 / 6.0);

@@ -20,7 +20,7 @@ struct RoughParabolas {
 // more than the smaller one, and 0 at an extremum.
 template <typename Float>
 [[gnu::always_inline]] inline Float LimitedHalfSlope(Float left, Float right) {
-    const Float zero = Float(0);
+    const Float zero = Bound<Float>::Zero;
     const Float low = Least(Most(left, right), zero);
     const Float high = Most(Least(left, right), zero);
     return Between(low, Float(0.25) * (left + right), high);
@@ -152,7 +152,7 @@ int FlattenThinShocks(StripState<Float> strip, RoughParabolas<Float>& density,
 template <typename Float>
 [[gnu::always_inline]] inline void ParabolaOf(const RoughParabolas<Float>& parabolas, int i,
                                               Float& fromLeft, Float& toRight) {
-    const Float zero = Float(0);
+    const Float zero = Bound<Float>::Zero;
     const Float below = parabolas.Limited.FromLeft[i];
     const Float above = parabolas.Limited.ToRight[i];
     const Float mostBelow = Float(2) * above;

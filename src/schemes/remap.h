@@ -77,7 +77,7 @@ template <typename Float>
 [[gnu::always_inline]] inline void TemperCell(const MovedCells<Float>& moved,
                                               MovedShapes<Float>& shapes, int i) {
     const Float room = Float(4) * moved.P[i];
-    const Float excess = Most(ExcessMotion(moved, shapes, i), Float(0));
+    const Float excess = Most(ExcessMotion(moved, shapes, i), Bound<Float>::Zero);
     const Float steepness = room / (room + excess);
     shapes.Ux.FromLeft[i] = steepness * shapes.Ux.FromLeft[i];
     shapes.Ux.ToRight[i] = steepness * shapes.Ux.ToRight[i];
@@ -154,13 +154,13 @@ template <bool HasContacts, typename Float>
                                              const MovedCells<Float>& moved,
                                              const MovedShapes<Float>& shapes, Float perGammaLess,
                                              EdgeFluxes<Float>& fluxes, int i) {
-    const Float zero = Float(0);
-    const Float one = Float(1);
+    const Float zero = Bound<Float>::Zero;
+    const Float one = Bound<Float>::One;
     const Float most = Float(0.5);
     const int l = i - 1;
     const Float speed = motion.Ux[i];
     const Float push = motion.P[i];
-    const bool fromLeft = speed > zero;
+    const bool fromLeft = speed > Float(0);
     const auto upstream = [&](const Row<Float>& row) { return Choose(fromLeft, row[l], row[i]); };
     const auto near = [&](const Parabolas<Float>& shape) {
         return Choose(fromLeft, shape.ToRight[l], shape.FromLeft[i]);
@@ -172,7 +172,7 @@ template <bool HasContacts, typename Float>
     const Float p = upstream(moved.P);
     const Float ratio = Size(speed) * upstream(moved.StepPerWidth);
     const Float share = Least(ratio, one);
-    const Float perRatio = one / Most(ratio, Tiny<Float>());
+    const Float perRatio = one / Most(ratio, Bound<Float>::Tiny);
     Float rise = Along(NearPart(near(shapes.Rho), far(shapes.Rho), share), speed);
     if constexpr (HasContacts) {
         const Float nearRho = Choose(fromLeft, moved.Rho[i], moved.Rho[l]);
@@ -189,7 +189,7 @@ template <bool HasContacts, typename Float>
     const Float shareOfMass = Least(Size(mass) * upstream(cells.StepPerMass), one);
     const Float shareU = Float(0.5) * (share + shareOfMass);
     const Float riseU = Along(NearPart(near(shapes.Ux), far(shapes.Ux), shareU), speed);
-    const Float u = Choose(speed == zero, zero, upstream(moved.Ux) + riseU);
+    const Float u = Choose(speed == Float(0), Float(0), upstream(moved.Ux) + riseU);
     fluxes.Mass[i] = mass;
     fluxes.Momentum[i] = push;
     fluxes.Energy[i] = perGammaLess * (speed * sweptP) + push * (speed - u);

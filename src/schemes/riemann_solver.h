@@ -150,7 +150,8 @@ template <typename Float>
     // Both speeds are multiplied by the density here.
     const Float behindHead = Choose(shock, Root(rho * stiffness), z) - rho * along;
     const Float width = Choose(shock, zero, rho * (halfPlus * (Size(starU) - along)));
-    const Float inFan = Between(zero, behindHead / Most(width, Tiny<Float>()), one);
+    const Float inFan = Between(Bound<Float>::Zero, behindHead / Most(width, Bound<Float>::Tiny),
+                                Bound<Float>::One);
     // Gas that would leave the edge on the side that it comes from has ended before: between two
     // streams that part faster than it can expand there is next to nothing.
     const Float speed = along + inFan * (Size(starU) - along);

@@ -29,10 +29,10 @@ template <typename Float>
     const Float rhoAhead = Choose(isRightGoing, rho[i + 2], rho[i - 2]);
     const Float uAhead = Choose(isRightGoing, u[i + 2], -u[i - 2]);
     const Float rise = Size(p[i + 2] - p[i - 2]);
-    const Float perSpeed = Most(rhoAhead * (u[i - 2] - u[i + 2]), Tiny<Float>());
+    const Float perSpeed = Most(rhoAhead * (u[i - 2] - u[i + 2]), Bound<Float>::Tiny);
     const Float fastest = Most(signal[i], Most(signal[i - 1], signal[i + 1]));
     const Float speed = Size(uAhead * perSpeed + rise) / (perSpeed * fastest);
-    return Between(Float(0), Float(6) * (Float(0.78) - speed), Float(1));
+    return Between(Bound<Float>::Zero, Float(6) * (Float(0.78) - speed), Bound<Float>::One);
 }
 
 // How much of its steepness cell i loses by itself, 0 to strength: nothing where the rise is as
@@ -45,8 +45,9 @@ template <typename Float>
     const Float near = Size(p[i + 1] - p[i - 1]);
     const Float far = Size(p[i + 2] - p[i - 2]);
     // The share of the jump that falls on two cells: 1/2 for a straight line, 1 for a jump.
-    const Float share = Least(near / Most(far, Tiny<Float>()), Float(1));
-    const Float flat = Between(Float(0), Float(10) * share - Float(8.4), Float(1));
+    const Float share = Least(near / Most(far, Bound<Float>::Tiny), Bound<Float>::One);
+    const Float flat =
+        Between(Bound<Float>::Zero, Float(10) * share - Float(8.4), Bound<Float>::One);
     const Float loss = strength * (flat * Slowness(strip, signal, i));
     return Choose(IsInShock(p, strip.Ux, shockJump, i), loss, Float(0));
 }

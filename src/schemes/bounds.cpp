@@ -1,0 +1,12 @@
+// The numbers that kernels hold values against.
+#include "schemes/arithmetic.h"
+
+template <typename Float>
+const Float Bound<Float>::Zero = Float(0);
+template <typename Float>
+const Float Bound<Float>::One = Float(1);
+template <typename Float>
+const Float Bound<Float>::Tiny = Float(1e-30);
+
+template struct Bound<float>;
+template struct Bound<double>;
