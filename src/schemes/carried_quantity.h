@@ -86,11 +86,9 @@ void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFlux
     }
 }
 
-// Cost of a cell in the search for what varies, where a carried quantity varies, where jumps are
-// looked for, and where it has one.
-constexpr CellCost CarriedSearchCost = {0, 0, 0, 1, 0};
+// Cost of a cell where a carried quantity varies, where jumps are looked for, and where it has one.
 constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
-constexpr CellCost JumpSearchCost = {9, 1, 0, 4, 0};
+constexpr CellCost JumpSearchCost = {9, 1, 0, 3, 0};
 constexpr CellCost CarriedJumpCost = {17, 4, 3, 14, 0};
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
@@ -102,7 +100,6 @@ void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRow
     const int n = strip.Cells;
     std::copy_n(a + 1, n, result + 1);
     const VaryingCells varying = FindVarying(a, n);
-    CountOperations(CarriedSearchCost, n, counters);
     if (varying.Last < varying.First) return;
     const int first = varying.First;
     const int last = PaddedLast(first, varying.Last);

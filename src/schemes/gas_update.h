@@ -11,7 +11,7 @@ constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
 constexpr CellCost SecondLookCost = {0, 2, 0, 6, 0};
 
 // Cost of a cell in the look for a quiet block, and in one.
-constexpr CellCost QuietSearchCost = {3, 0, 0, 3, 0};
+constexpr CellCost QuietSearchCost = {3, 0, 0, 2, 0};
 constexpr CellCost QuietCost = {0, 1, 0, 0, 0};
 
 // Whether the gas of a block is the same in every cell, neighbours included. It then stays as it

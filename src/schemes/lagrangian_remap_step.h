@@ -37,11 +37,11 @@ namespace lagrangian {
 // Cost of a cell: of what every step does, of where the gas stays and where it changes, and of what
 // only the chunks do that need it: where an edge is not weak, where a moved cell is looked at more
 // closely, where its velocity is made less steep, and where there is a contact.
-constexpr CellCost SearchCost = {2, 5, 2, 3, 1};
+constexpr CellCost SearchCost = {2, 5, 2, 2, 1};
 constexpr CellCost KeepingCost = {0, 1, 0, 0, 0};
-constexpr CellCost GasCost = {199, 184, 5, 155, 1};
+constexpr CellCost GasCost = {199, 184, 5, 153, 1};
 constexpr CellCost StrongEdgeCost = {30, 53, 5, 16, 3};
-constexpr CellCost SuspicionCost = {13, 6, 0, 7, 0};
+constexpr CellCost SuspicionCost = {13, 6, 0, 5, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
 constexpr CellCost ContactCost = {18, 5, 3, 14, 0};
 

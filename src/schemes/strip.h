@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <type_traits>
 
 #include "schemes/arithmetic.h"
 
@@ -58,14 +60,15 @@ constexpr int PaddedLast(int first, int last) {
     return first - 1 + (last - first + CellsAtOnce) / CellsAtOnce * CellsAtOnce;
 }
 
-// Whether the test holds for any cell of the chunk that begins at `first`.
+// Whether the test holds for any cell of the chunk that begins at `first`. The flags are as wide as
+// the floats, so that what a comparison yields is joined as it is.
 template <typename Float, typename Test>
 [[gnu::always_inline]] inline bool AnyInChunk(int first, Test test) {
-    Float found = Float(0);
-#pragma omp simd reduction(max : found)
-    for (int i = first; i < first + CellsAtOnce; ++i)
-        found = Most(found, test(i) ? Float(1) : Float(0));
-    return found > Float(0);
+    using Flag = std::conditional_t<sizeof(Float) == 4, std::uint32_t, std::uint64_t>;
+    Flag found = 0;
+#pragma omp simd reduction(| : found)
+    for (int i = first; i < first + CellsAtOnce; ++i) found |= test(i) ? ~Flag(0) : Flag(0);
+    return found != 0;
 }
 
 // One row of scratch values: cells (or edges) -18 to BlockCells + 47. Cell -2, with which the

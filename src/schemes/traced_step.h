@@ -13,12 +13,12 @@
 // done only for the chunks that need it: where there is a shock, a slow one, where the gas is
 // faster than sound, where there is a contact, and where an edge is not weak.
 constexpr CellCost PreparationCost = {2, 11, 1, 2, 1};
-constexpr CellCost GasCost = {157, 147, 2, 83, 0};
-constexpr CellCost ShockSearchCost = {3, 1, 0, 3, 0};
-constexpr CellCost ShockLossCost = {10, 8, 2, 17, 0};
+constexpr CellCost GasCost = {157, 147, 2, 81, 0};
+constexpr CellCost ShockSearchCost = {3, 1, 0, 2, 0};
+constexpr CellCost ShockLossCost = {10, 8, 2, 16, 0};
 constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
 constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
-constexpr CellCost ContactSearchCost = {11, 3, 0, 6, 0};
+constexpr CellCost ContactSearchCost = {11, 3, 0, 5, 0};
 constexpr CellCost ContactCost = {31, 14, 5, 17, 0};
 constexpr CellCost StrongEdgeCost = {32, 63, 5, 23, 6};
 
