@@ -53,3 +53,5 @@ template <>
 inline const CountingFloat Bound<CountingFloat>::One = 1.0;
 template <>
 inline const CountingFloat Bound<CountingFloat>::Tiny = 1e-30;
+template <>
+inline const CountingFloat Bound<CountingFloat>::LargestFinite = std::numeric_limits<double>::max();

@@ -48,15 +48,6 @@ template <typename Float>
 inline Float Between(Float low, Float a, Float high) {
     return Least(Most(a, low), high);
 }
-// The largest of the elements first..last of a row, at least one; the order in which they are
-// compared does not show in the result.
-template <typename Float>
-inline Float Largest(const Float* row, int first, int last) {
-    Float largest = row[first];
-#pragma omp simd reduction(max : largest)
-    for (int i = first; i <= last; ++i) largest = Most(largest, row[i]);
-    return largest;
-}
 // Numbers that values are held against by Least, Most and Between. They are defined in a file of
 // their own (bounds.cpp), so that no kernel's compiler knows them: where GCC 12 knows one side of a
 // minimum or maximum it makes two to five instructions of what is one.
@@ -65,8 +56,5 @@ struct Bound {
     static const Float Zero;
     static const Float One;
     static const Float Tiny;  // far below every density, pressure and speed, yet a normal number
+    static const Float LargestFinite;
 };
-template <typename Float>
-inline Float LargestFinite() {
-    return std::numeric_limits<Float>::max();
-}

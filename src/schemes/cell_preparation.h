@@ -14,24 +14,23 @@ struct CellRows {
     Row<Float> PerImpedance;
 };
 
-// The Courant number of cells 1..n; the largest number there is if one of theirs is none.
-//   scratch   cells 1..n
+// The Courant number of cells 1..n; the largest number there is if one of theirs is none. The order
+// in which they are compared does not show.
 template <typename Float>
-Float CourantNumber(const CellRows<Float>& cells, int n, Row<Float>& scratch) {
-    const Float largest = LargestFinite<Float>();
-#pragma omp simd
+Float CourantNumber(const CellRows<Float>& cells, int n) {
+    Float largest = Float(0);
+#pragma omp simd reduction(max : largest)
     for (int i = 1; i <= n; ++i) {
         const Float courant = cells.Signal[i] * cells.StepPerWidth[i];
-        scratch[i] = Choose(courant < largest, courant, largest);
+        largest = Most(largest, Least(courant, Bound<Float>::LargestFinite));
     }
-    return Largest(scratch.Origin(), 1, n);
+    return largest;
 }
 
 // Fills the rows for cells first..last and returns the Courant number of cells 1..n.
-//   scratch   cells 1..n
 template <typename Float>
-Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
-                   CellRows<Float>& cells, int first, int last) {
+Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, CellRows<Float>& cells,
+                   int first, int last) {
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float width = strip.Edges[i + 1] - strip.Edges[i];
@@ -47,5 +46,5 @@ Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Flo
         cells.Impedance[i] = z;
         cells.PerImpedance[i] = perZ;
     }
-    return CourantNumber(cells, strip.Cells, scratch);
+    return CourantNumber(cells, strip.Cells);
 }

@@ -6,9 +6,8 @@
 #include "schemes/operation_counts.h"
 #include "schemes/positivity.h"
 
-// Cost of a cell where failures have to be mended, and where they are looked for once more.
+// Cost of a cell where failures have to be mended.
 constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
-constexpr CellCost SecondLookCost = {0, 2, 0, 6, 0};
 
 // Cost of a cell in the look for a quiet block, and in one.
 constexpr CellCost QuietSearchCost = {3, 0, 0, 2, 0};
@@ -54,12 +53,10 @@ bool UpdateGas(const StripState<Float>& strip, const CellRows<Float>& cells, Flo
     const int n = strip.Cells;
     UpdateCells(strip, cells, fluxes, gamma, next, -1, PaddedLast(-1, n + 2));
     for (int pass = 0; pass < 2; ++pass) {
-        if (pass > 0) CountOperations(SecondLookCost, n, counters);
-        if (!MarkFailures(strip, next, failed, pass - 1, n + 2 - pass)) return pass > 0;
+        if (!MarkFailures(strip, next, failed, pass - 1, n + 2 - pass, counters)) return pass > 0;
         CountOperations(MendingCost, n, counters);
         UseFirstOrderFluxes(strip, cells, failed, gamma, fluxes, pass, n + 2 - pass);
         UpdateCells(strip, cells, fluxes, gamma, next, pass, n + 1 - pass);
     }
-    CountOperations(SecondLookCost, n, counters);
     return true;
 }

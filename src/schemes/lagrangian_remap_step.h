@@ -39,7 +39,7 @@ namespace lagrangian {
 // closely, where its velocity is made less steep, and where there is a contact.
 constexpr CellCost SearchCost = {2, 5, 2, 2, 1};
 constexpr CellCost KeepingCost = {0, 1, 0, 0, 0};
-constexpr CellCost GasCost = {199, 184, 5, 153, 1};
+constexpr CellCost GasCost = {199, 182, 5, 147, 1};
 constexpr CellCost StrongEdgeCost = {30, 53, 5, 16, 3};
 constexpr CellCost SuspicionCost = {13, 6, 0, 5, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
@@ -130,11 +130,11 @@ bool UpdateRemapped(const StripState<Float>& strip, Float gamma, CellRange cells
     const int last = cells.Last;
     UpdateCells(strip, rows.Cells, rows.Fluxes, gamma, rows.After.Next, first - 1,
                 PaddedLast(first - 1, last + 1));
-    if (!MarkFailures(strip, rows.After.Next, rows.Failed, first - 1, last + 1)) return false;
+    if (!MarkFailures(strip, rows.After.Next, rows.Failed, first - 1, last + 1, counters))
+        return false;
     UseFirstOrderFluxes(strip, rows.Cells, rows.Failed, gamma, rows.Fluxes, first, last + 1);
     UpdateCells(strip, rows.Cells, rows.Fluxes, gamma, rows.After.Next, first, last);
     CountOperations(MendingCost, cells.Count(), counters);
-    CountOperations(SecondLookCost, strip.Cells, counters);
     return true;
 }
 
@@ -156,9 +156,8 @@ Float AdvanceLagrangianBlock(const StripState<Float>& input, const StepConstants
                              int* counters) {
     const StripState<Float> strip = CopyStrip(input, rows.Inputs);
     const int n = strip.Cells;
-    const Float courant =
-        PrepareStillCells(strip, constants.TimeStep, constants.Gamma, rows.Failed, rows.Cells,
-                          1 - NeighbourCells, n + NeighbourCells + CellsAtOnce);
+    const Float courant = PrepareStillCells(strip, constants.TimeStep, constants.Gamma, rows.Cells,
+                                            1 - NeighbourCells, n + NeighbourCells + CellsAtOnce);
     const CellRange changing = FindChanging(strip);
     CountOperations(lagrangian::SearchCost, n, counters);
     CountOperations(lagrangian::KeepingCost, n - changing.Count(), counters);
@@ -178,7 +177,7 @@ Float AdvanceLagrangianBlock(const StripState<Float>& input, const StepConstants
     };
     updateCarried(strip.Uy, result.Uy);
     updateCarried(strip.Smoke, result.Smoke);
-    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result));
+    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
 }
 
 // Advances the strip by one step and returns its Courant number.

@@ -10,9 +10,8 @@
 // Fills what is known of cells first..last before the step, all but PerImpedance, and returns the
 // Courant number of cells 1..n. Streams that part in a near vacuum leave values here whose products
 // no 32-bit float can hold, so that each is divided by alone.
-//   scratch   cells 1..n
 template <typename Float>
-Float PrepareStillCells(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
+Float PrepareStillCells(StripState<Float> strip, Float timeStep, Float gamma,
                         CellRows<Float>& cells, int first, int last) {
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
@@ -25,7 +24,7 @@ Float PrepareStillCells(StripState<Float> strip, Float timeStep, Float gamma, Ro
         cells.Signal[i] = Size(strip.Ux[i]) + c;
         cells.Impedance[i] = strip.Rho[i] * c;
     }
-    return CourantNumber(cells, strip.Cells, scratch);
+    return CourantNumber(cells, strip.Cells);
 }
 
 // The pressure on the edges and their velocity, both constant during the step.

@@ -13,7 +13,7 @@ namespace predictor_corrector {
 // Cost of a cell in what every step does, in what is done unless the block is quiet, and in what is
 // done only for the chunks or blocks that need it: where there is a contact or a shock.
 constexpr CellCost PreparationCost = {2, 8, 1, 2, 1};
-constexpr CellCost GasCost = {129, 105, 4, 81, 2};
+constexpr CellCost GasCost = {129, 103, 4, 75, 2};
 constexpr CellCost ContactCost = {19, 9, 1, 7, 0};
 constexpr CellCost ShockCost = {2, 14, 0, 2, 0};
 
@@ -70,8 +70,8 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     const StripState<Float> strip = CopyStrip(input, rows.Inputs);
     const int n = strip.Cells;
     const int last = PaddedLast(FirstPredicted, n + 3);
-    const Float courant = PrepareSignals(strip, constants.TimeStep, constants.Gamma, rows.Failed,
-                                         rows.Cells, FirstPredicted, last);
+    const Float courant = PrepareSignals(strip, constants.TimeStep, constants.Gamma, rows.Cells,
+                                         FirstPredicted, last);
     CountOperations(PreparationCost, n, counters);
     bool mended = false;
     if (IsQuiet(strip, counters) && IsEven(strip.Uy, n)) {
@@ -86,7 +86,8 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     }
     UpdateCarried<false>(strip, strip.Uy, rows.Cells, rows.Fluxes, rows.Corrector.Next.Rho,
                          rows.Corrector.Carried, result.Uy, counters);
-    return Most(courant, HandOver(strip, rows.Corrector.Next, mended, rows.Failed, result));
+    return Most(courant,
+                HandOver(strip, rows.Corrector.Next, mended, rows.Failed, result, counters));
 }
 
 }  // namespace predictor_corrector

@@ -60,14 +60,26 @@ constexpr int PaddedLast(int first, int last) {
     return first - 1 + (last - first + CellsAtOnce) / CellsAtOnce * CellsAtOnce;
 }
 
-// Whether the test holds for any cell of the chunk that begins at `first`. The flags are as wide as
-// the floats, so that what a comparison yields is joined as it is.
+// Flags as wide as the floats, so that what comparisons yield is joined as it is.
+template <typename Float>
+using Flag = std::conditional_t<sizeof(Float) == 4, std::uint32_t, std::uint64_t>;
+
+// Whether the test holds for any of cells first..last.
+template <typename Float, typename Test>
+[[gnu::always_inline]] inline bool Any(int first, int last, Test test) {
+    Flag<Float> found = 0;
+#pragma omp simd reduction(| : found)
+    for (int i = first; i <= last; ++i) found |= test(i) ? ~Flag<Float>(0) : Flag<Float>(0);
+    return found != 0;
+}
+
+// The same for the chunk that begins at `first`, of a length that the compiler sees.
 template <typename Float, typename Test>
 [[gnu::always_inline]] inline bool AnyInChunk(int first, Test test) {
-    using Flag = std::conditional_t<sizeof(Float) == 4, std::uint32_t, std::uint64_t>;
-    Flag found = 0;
+    Flag<Float> found = 0;
 #pragma omp simd reduction(| : found)
-    for (int i = first; i < first + CellsAtOnce; ++i) found |= test(i) ? ~Flag(0) : Flag(0);
+    for (int i = first; i < first + CellsAtOnce; ++i)
+        found |= test(i) ? ~Flag<Float>(0) : Flag<Float>(0);
     return found != 0;
 }
 

@@ -8,10 +8,9 @@
 
 // Fills what this step reads of the rows for cells first..last (StepPerWidth, StepPerMass, Signal)
 // and returns the Courant number of cells 1..n.
-//   scratch   cells 1..n
 template <typename Float>
-Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, Row<Float>& scratch,
-                     CellRows<Float>& cells, int first, int last) {
+Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, CellRows<Float>& cells,
+                     int first, int last) {
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float width = strip.Edges[i + 1] - strip.Edges[i];
@@ -20,7 +19,7 @@ Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, Row<F
         cells.StepPerMass[i] = timeStep * perBoth;
         cells.Signal[i] = Size(strip.Ux[i]) + Root(gamma * (strip.P[i] * (perBoth * width)));
     }
-    return CourantNumber(cells, strip.Cells, scratch);
+    return CourantNumber(cells, strip.Cells);
 }
 
 // Changes across a cell, or of a cell during a step.

@@ -13,7 +13,7 @@
 // done only for the chunks that need it: where there is a shock, a slow one, where the gas is
 // faster than sound, where there is a contact, and where an edge is not weak.
 constexpr CellCost PreparationCost = {2, 11, 1, 2, 1};
-constexpr CellCost GasCost = {157, 147, 2, 81, 0};
+constexpr CellCost GasCost = {157, 145, 2, 75, 0};
 constexpr CellCost ShockSearchCost = {3, 1, 0, 2, 0};
 constexpr CellCost ShockLossCost = {10, 8, 2, 16, 0};
 constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
@@ -70,8 +70,8 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     const int n = strip.Cells;
     const int lastCell = PaddedLast(FirstTraced, n + 3);
     const int lastEdge = lastCell + 1;
-    const Float courant = PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Failed,
-                                       rows.Cells, FirstTraced - 2, lastCell + 2);
+    const Float courant = PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Cells,
+                                       FirstTraced - 2, lastCell + 2);
     CountOperations(PreparationCost, n, counters);
     bool mended = false;
     if (IsQuiet(strip, counters)) {
@@ -93,7 +93,7 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     };
     updateCarried(strip.Uy, result.Uy);
     updateCarried(strip.Smoke, result.Smoke);
-    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result));
+    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
 }
 
 // Advances the strip by one step and returns its Courant number.
