@@ -11,7 +11,7 @@
 template <typename Float>
 struct CarriedRows {
     Parabolas<Float> Shape;
-    Row<Float> Jump, EdgeValue;
+    Row<Float> JumpExcess, EdgeValue;
 };
 
 // What a step works on once it has its fluxes.
@@ -39,57 +39,90 @@ VaryingCells FindVarying(const Float* a, int n) {
     return varying;
 }
 
-// The value that the mass through edges first..last carries, from the part of the upstream cell's
-// mass that leaves it during the step.
-template <typename Float>
-void TraceCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
-                  CarriedRows<Float>& rows, int first, int last) {
-    const Float zero = Bound<Float>::Zero;
-    const Float one = Bound<Float>::One;
+// Shapes cells first..last, a whole number of chunks: their parabolas, and where jumps are to be
+// steepened how far they hold one instead, both from the same differences.
+template <bool SteepensJumps, typename Float>
+void ShapeCarried(const Float* a, CarriedRows<Float>& rows, int first, int last) {
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
-        const Float mass = fluxes.Mass[i];
-        const Float shareL = Between(zero, mass * cells.StepPerMass[i - 1], one);
-        const Float shareR = Between(zero, -mass * cells.StepPerMass[i], one);
-        const Float fromLeft =
-            a[i - 1] + RightPart(rows.Shape.FromLeft[i - 1], rows.Shape.ToRight[i - 1], shareL);
-        const Float fromRight =
-            a[i] + LeftPart(rows.Shape.FromLeft[i], rows.Shape.ToRight[i], shareR);
-        rows.EdgeValue[i] = Choose(mass > Float(0), fromLeft, fromRight);
+        const Differences<Float> d = {a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i],
+                                      a[i + 2] - a[i + 1]};
+        if constexpr (SteepensJumps) rows.JumpExcess[i] = Jump<Float>(d).Excess;
+        LimitedParabola(d, rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
     }
 }
 
-// The same for upstream cells that hold a jump.
+// The value that the mass through edge i carries, from the part of the upstream cell's mass that
+// leaves it during the step.
 template <typename Float>
-void SteepenCarried(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
-                    CarriedRows<Float>& rows, int first, int last) {
+[[gnu::always_inline]] inline Float TraceCarried(const Float* a, const CellRows<Float>& cells,
+                                                 const CarriedRows<Float>& rows, Float mass,
+                                                 int i) {
+    const Float zero = Bound<Float>::Zero;
     const Float one = Bound<Float>::One;
+    const Float shareL = Between(zero, mass * cells.StepPerMass[i - 1], one);
+    const Float shareR = Between(zero, -mass * cells.StepPerMass[i], one);
+    const Float fromLeft =
+        a[i - 1] + RightPart(rows.Shape.FromLeft[i - 1], rows.Shape.ToRight[i - 1], shareL);
+    const Float fromRight = a[i] + LeftPart(rows.Shape.FromLeft[i], rows.Shape.ToRight[i], shareR);
+    return Choose(mass > Float(0), fromLeft, fromRight);
+}
+
+// The same, given that value, for an upstream cell that may hold a jump.
+template <typename Float>
+[[gnu::always_inline]] inline Float SteepenCarried(const Float* a, const CellRows<Float>& cells,
+                                                   const CarriedRows<Float>& rows, Float mass,
+                                                   Float traced, int i) {
+    const Float l2 = a[i - 2];
+    const Float l1 = a[i - 1];
+    const Float r1 = a[i];
+    const Float r2 = a[i + 1];
+    const Float excessL = rows.JumpExcess[i - 1];
+    const Float excessR = rows.JumpExcess[i];
+    const Float perMassL = cells.StepPerMass[i - 1];
+    const Float perMassR = cells.StepPerMass[i];
+    const bool fromLeft = mass > Float(0);
+    const Float far = Choose(fromLeft, l2, r2);
+    const Float here = Choose(fromLeft, l1, r1);
+    const Float near = Choose(fromLeft, r1, l1);
+    const Float excess = Choose(fromLeft, excessL, excessR);
+    const Float jump = excess / Most(Size((here - far) + (near - here)), Bound<Float>::Tiny);
+    const Float share = Least(Size(mass) * Choose(fromLeft, perMassL, perMassR), Bound<Float>::One);
+    return traced + jump * (here + PartOfJump(far, here, near, share) - traced);
+}
+
+// Fills the values at edges first..last, a whole number of chunks. Returns how many of them lie in
+// chunks that touch a jump.
+template <bool SteepensJumps, typename Float>
+int CarryThroughEdges(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
+                      CarriedRows<Float>& rows, int first, int last) {
+    int jumping = 0;
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        const int end = chunk + CellsAtOnce;
+        const auto touchesJump = [&](int i) {
+            return Most(rows.JumpExcess[i - 1], rows.JumpExcess[i]) > Float(0);
+        };
+        if (SteepensJumps && AnyInChunk<Float>(chunk, touchesJump)) {
+            jumping += CellsAtOnce;
 #pragma omp simd
-    for (int i = first; i <= last; ++i) {
-        const Float mass = fluxes.Mass[i];
-        const Float l2 = a[i - 2];
-        const Float l1 = a[i - 1];
-        const Float r1 = a[i];
-        const Float r2 = a[i + 1];
-        const Float jumpL = rows.Jump[i - 1];
-        const Float jumpR = rows.Jump[i];
-        const Float perMassL = cells.StepPerMass[i - 1];
-        const Float perMassR = cells.StepPerMass[i];
-        const bool fromLeft = mass > Float(0);
-        const Float far = Choose(fromLeft, l2, r2);
-        const Float here = Choose(fromLeft, l1, r1);
-        const Float near = Choose(fromLeft, r1, l1);
-        const Float jump = Choose(fromLeft, jumpL, jumpR);
-        const Float share = Least(Size(mass) * Choose(fromLeft, perMassL, perMassR), one);
-        const Float gain = here + PartOfJump(far, here, near, share) - rows.EdgeValue[i];
-        rows.EdgeValue[i] = rows.EdgeValue[i] + jump * gain;
+            for (int i = chunk; i < end; ++i) {
+                const Float mass = fluxes.Mass[i];
+                const Float traced = TraceCarried(a, cells, rows, mass, i);
+                rows.EdgeValue[i] = SteepenCarried(a, cells, rows, mass, traced, i);
+            }
+        } else {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i)
+                rows.EdgeValue[i] = TraceCarried(a, cells, rows, fluxes.Mass[i], i);
+        }
     }
+    return jumping;
 }
 
 // Cost of a cell where a carried quantity varies, where jumps are looked for, and where it has one.
 constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
-constexpr CellCost JumpSearchCost = {9, 1, 0, 3, 0};
-constexpr CellCost CarriedJumpCost = {17, 4, 3, 14, 0};
+constexpr CellCost JumpSearchCost = {5, 1, 0, 4, 0};
+constexpr CellCost CarriedJumpCost = {11, 3, 3, 11, 0};
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
 // density.
@@ -103,19 +136,13 @@ void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRow
     if (varying.Last < varying.First) return;
     const int first = varying.First;
     const int last = PaddedLast(first, varying.Last);
-#pragma omp simd
-    for (int i = first; i <= last; ++i)
-        LimitedParabola(Differences<Float>{a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i],
-                                           a[i + 2] - a[i + 1]},
-                        rows.Shape.FromLeft[i], rows.Shape.ToRight[i]);
-    TraceCarried(a, cells, fluxes, rows, first, last);
-    CountOperations(CarriedCost, std::min(last + 1 - first, n), counters);
-    if constexpr (SteepensJumps) {
-        CountOperations(JumpSearchCost, std::min(last + 1 - first, n), counters);
-        const int jumping = FindJumps(a, rows.Jump, first, last);
-        if (jumping > 0) SteepenCarried(a, cells, fluxes, rows, first, last);
-        CountOperations(CarriedJumpCost, std::min(jumping, n), counters);
-    }
+    const int worked = std::min(last + 1 - first, n);
+    ShapeCarried<SteepensJumps>(a, rows, first, last);
+    rows.JumpExcess[first - 1] = Float(0);  // beyond what varies
+    const int jumping = CarryThroughEdges<SteepensJumps>(a, cells, fluxes, rows, first, last);
+    CountOperations(CarriedCost, worked, counters);
+    if (SteepensJumps) CountOperations(JumpSearchCost, worked, counters);
+    CountOperations(CarriedJumpCost, std::min(jumping, n), counters);
     const int lastCell = std::min(varying.Last - 1, n);
 #pragma omp simd
     for (int i = first + 1; i <= lastCell; ++i) {

@@ -5,52 +5,36 @@
 #pragma once
 
 #include "schemes/arithmetic.h"
+#include "schemes/parabola.h"
 #include "schemes/strip.h"
 
-// How far cell i of a holds a jump rather than a smooth slope, by the size of the third difference
-// against the first. J. Comput. Phys. 54, 174 (1984), eqs. (1.15) and (1.16). Reads cells i-2..i+2.
+// How far a cell holds a jump rather than a smooth slope, by the size of the third difference
+// against the first. J. Comput. Phys. 54, 174 (1984), eqs. (1.15) and (1.16).
 template <typename Float>
 struct Jump {
     Float Size;    // of the first difference
     Float Excess;  // Size times the share
 
-    [[gnu::always_inline]] Jump(const Float* a, int i) {
-        const Float left = a[i] - a[i - 1];
-        const Float right = a[i + 1] - a[i];
-        const Float rise = left + right;
-        const Float bendLeft = Along(left - (a[i - 1] - a[i - 2]), rise);
-        const Float bendRight = Along((a[i + 2] - a[i + 1]) - right, rise);
+    [[gnu::always_inline]] explicit Jump(const Differences<Float>& d) {
+        const Float rise = d.Second + d.Third;
+        const Float bendLeft = Along(d.Second - d.First, rise);
+        const Float bendRight = Along(d.Fourth - d.Third, rise);
         Size = ::Size(rise);
         // 20 (third / (6 size) - 0.05), cut to 0..1
         const Float third = bendLeft - bendRight;
         const Float raw = Between(Bound<Float>::Zero, Float(20.0 / 6.0) * third - Size, Size);
         const bool turning = (bendLeft > Float(0)) & (bendRight < Float(0));
-        const bool rising = (Along(left, rise) > Float(0)) & (Along(right, rise) > Float(0));
+        const bool rising = (Along(d.Second, rise) > Float(0)) & (Along(d.Third, rise) > Float(0));
         Excess = Choose(turning & rising, raw, Float(0));
     }
+    // In cell i of a.
+    [[gnu::always_inline]] Jump(const Float* a, int i)
+        : Jump(Differences<Float>{a[i - 1] - a[i - 2], a[i] - a[i - 1], a[i + 1] - a[i],
+                                  a[i + 2] - a[i + 1]}) {}
     [[gnu::always_inline]] bool IsOne() const { return Excess > Float(0); }
     // 0 to 1
     [[gnu::always_inline]] Float Share() const { return Excess / Most(Size, Bound<Float>::Tiny); }
 };
-
-// Fills the shares of cells first..last of a, a whole number of chunks. Returns how many of them
-// lie in chunks that hold a jump.
-template <typename Float>
-int FindJumps(const Float* a, Row<Float>& share, int first, int last) {
-    int jumping = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const int end = chunk + CellsAtOnce;
-        if (AnyInChunk<Float>(chunk, [&](int i) { return Jump<Float>(a, i).IsOne(); })) {
-            jumping += CellsAtOnce;
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) share[i] = Jump<Float>(a, i).Share();
-        } else {
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) share[i] = Float(0);
-        }
-    }
-    return jumping;
-}
 
 // Whether a jump of density in cell i is a contact: the density differs by more than a tenth and
 // the pressure by less than a twenty-fifth. A closer match would leave contacts to spread wherever
