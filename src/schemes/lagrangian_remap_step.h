@@ -23,6 +23,7 @@ struct LagrangianRows {
         SoundStates<Float> Sound;  // until the edges move
         struct {
             MovedCells<Float> Moved;
+            MovedWeights<Float> Weights;
             MovedShapes<Float> Shapes;
         } Remap;
         UpdateRows<Float> After;
@@ -36,14 +37,16 @@ namespace lagrangian {
 
 // Cost of a cell: of what every step does, of where the gas stays and where it changes, and of what
 // only the chunks do that need it: where an edge is not weak, where a moved cell is looked at more
-// closely, where its velocity is made less steep, and where there is a contact.
+// closely, where its velocity is made less steep, where there is a contact, and where the gas does
+// not cross all edges the same way.
 constexpr CellCost SearchCost = {2, 5, 2, 2, 1};
 constexpr CellCost KeepingCost = {0, 1, 0, 0, 0};
-constexpr CellCost GasCost = {199, 182, 5, 147, 1};
+constexpr CellCost GasCost = {199, 182, 5, 136, 1};
 constexpr CellCost StrongEdgeCost = {30, 53, 5, 16, 3};
 constexpr CellCost SuspicionCost = {13, 6, 0, 5, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
 constexpr CellCost ContactCost = {18, 5, 3, 14, 0};
+constexpr CellCost MixedEdgeCost = {0, 0, 0, 11, 0};
 
 }  // namespace lagrangian
 
@@ -105,7 +108,8 @@ void LagrangianFluxes(const StripState<Float>& strip, Float gamma, CellRange cel
     const int lastShape = PaddedLast(firstEdge - 1, cells.Last + 2);
     const int lastEdge = lastShape + 1;
     MovedShapes<Float>& shapes = rows.Remap.Shapes;
-    const ShapingWork work = ShapeMovedCells(strip, moved, gamma, shapes, firstEdge - 1, lastShape);
+    const ShapingWork work =
+        ShapeMovedCells(strip, moved, gamma, rows.Remap.Weights, shapes, firstEdge - 1, lastShape);
     for (Parabolas<Float>* shape : {&shapes.Rho, &shapes.P, &shapes.Ux}) {
         Continue(shape->FromLeft, lastShape, 1);
         Continue(shape->ToRight, lastShape, 1);
@@ -114,7 +118,9 @@ void LagrangianFluxes(const StripState<Float>& strip, Float gamma, CellRange cel
     CountOperations(lagrangian::SuspicionCost, std::min(work.Suspect, count), counters);
     CountOperations(lagrangian::TemperingCost, std::min(work.Tempered, count), counters);
     CountOperations(lagrangian::ContactCost, std::min(work.Steepened, count), counters);
-    SweepEdges(rows.Cells, rows.Motion, moved, shapes, gamma, rows.Fluxes, firstEdge, lastEdge);
+    const int mixed =
+        SweepEdges(rows.Cells, rows.Motion, moved, shapes, gamma, rows.Fluxes, firstEdge, lastEdge);
+    CountOperations(lagrangian::MixedEdgeCost, std::min(mixed, count), counters);
     DampRipples(strip, rows.Cells, RippleDamping(Float(1)), rows.Fluxes, firstEdge, lastEdge);
     EdgeFluxes<Float>& fluxes = rows.Fluxes;
     for (Row<Float>* row : {&fluxes.Mass, &fluxes.Momentum, &fluxes.Energy, &fluxes.Ux})

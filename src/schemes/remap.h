@@ -13,22 +13,48 @@ struct MovedShapes {
     Row<Float> Contact;
 };
 
-// Interpolates moved cell i in its characteristic variables, u + p/z, u - p/z and rho - p/(c c),
-// and limits those. z and c are those of the gas around, since in a cold cell beside a hot one they
-// would weigh one variable out of all proportion. Reads cells i-2..i+2.
+// What the characteristic variables of the moved cells are made with: z, 1/z and 1/(c c) of the gas
+// around, since those of a cold cell beside a hot one would weigh one variable out of all
+// proportion.
 template <typename Float>
-[[gnu::always_inline]] inline void InterpolateMovedCell(const MovedCells<Float>& moved, Float gamma,
+struct MovedWeights {
+    Row<Float> Impedance, PerImpedance, PerSquare;
+};
+
+// Fills the weights of cells first..last. They are worked out ahead of the parabolas: a root and a
+// division at the head of so long a loop would keep the processor waiting.
+template <typename Float>
+void WeighMovedCells(const MovedCells<Float>& moved, Float gamma, MovedWeights<Float>& weights,
+                     int first, int last) {
+    const Float half = Float(0.5);
+    const Float* rho = moved.Rho.Origin();
+    const Float* p = moved.P.Origin();
+#pragma omp simd
+    for (int i = first; i <= last; ++i) {
+        const Float aroundP = p[i] + half * (p[i - 1] + p[i + 1]);
+        const Float aroundRho = rho[i] + half * (rho[i - 1] + rho[i + 1]);
+        const Float z = half * Root(gamma * (aroundP * aroundRho));
+        const Float perZ = Float(1) / z;
+        const Float perC = half * (aroundRho * perZ);
+        weights.Impedance[i] = z;
+        weights.PerImpedance[i] = perZ;
+        weights.PerSquare[i] = perC * perC;
+    }
+}
+
+// Interpolates moved cell i in its characteristic variables, u + p/z, u - p/z and rho - p/(c c),
+// and limits those. Reads cells i-2..i+2.
+template <typename Float>
+[[gnu::always_inline]] inline void InterpolateMovedCell(const MovedCells<Float>& moved,
+                                                        const MovedWeights<Float>& weights,
                                                         MovedShapes<Float>& shapes, int i) {
     const Float half = Float(0.5);
     const Float* rho = moved.Rho.Origin();
     const Float* p = moved.P.Origin();
     const Float* u = moved.Ux.Origin();
-    const Float aroundP = p[i] + half * (p[i - 1] + p[i + 1]);
-    const Float aroundRho = rho[i] + half * (rho[i - 1] + rho[i + 1]);
-    const Float z = half * Root(gamma * (aroundP * aroundRho));
-    const Float perZ = Float(1) / z;
-    const Float perC = half * (aroundRho * perZ);
-    const Float perSquare = perC * perC;
+    const Float z = weights.Impedance[i];
+    const Float perZ = weights.PerImpedance[i];
+    const Float perSquare = weights.PerSquare[i];
 
     const Float p1 = p[i - 1] - p[i - 2];
     const Float p2 = p[i] - p[i - 1];
@@ -106,16 +132,18 @@ struct ShapingWork {
 // Shapes cells first..last, a whole number of chunks.
 template <typename Float>
 ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& moved, Float gamma,
-                            MovedShapes<Float>& shapes, int first, int last) {
+                            MovedWeights<Float>& weights, MovedShapes<Float>& shapes, int first,
+                            int last) {
     strip.Rho = moved.Rho.Origin();
     strip.P = moved.P.Origin();
     ShapingWork work = {0, 0, 0};
+    WeighMovedCells(moved, gamma, weights, first, last);
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const int end = chunk + CellsAtOnce;
         Float most = Float(0);
 #pragma omp simd reduction(max : most)
         for (int i = chunk; i < end; ++i) {
-            InterpolateMovedCell(moved, gamma, shapes, i);
+            InterpolateMovedCell(moved, weights, shapes, i);
             shapes.Contact[i] = Float(0);
             most = Most(most, Most(ExcessMotion(moved, shapes, i), ExcessRise(strip.Rho, i)));
         }
@@ -146,9 +174,20 @@ template <typename Float>
     return (Float(1) - share) * (near + share * (far - near));
 }
 
+// Where the gas that crosses the edges of a chunk comes from.
+enum class Upstream { Left, Right, Mixed };
+
+// The value that belongs to the upstream side of an edge, from those of both.
+template <Upstream From, typename Float>
+[[gnu::always_inline]] inline Float OfUpstream(bool fromLeft, Float left, Float right) {
+    if constexpr (From == Upstream::Left) return left;
+    if constexpr (From == Upstream::Right) return right;
+    return Choose(fromLeft, left, right);
+}
+
 // The fluxes through edge i, from what the moved gas has swept over it. What leaves a cell
 // takes no more of its mass or heat beyond the average than half of what would empty the rest.
-template <bool HasContacts, typename Float>
+template <bool HasContacts, Upstream From, typename Float>
 [[gnu::always_inline]] inline void SweepEdge(const CellRows<Float>& cells,
                                              const EdgeMotion<Float>& motion,
                                              const MovedCells<Float>& moved,
@@ -161,12 +200,14 @@ template <bool HasContacts, typename Float>
     const Float speed = motion.Ux[i];
     const Float push = motion.P[i];
     const bool fromLeft = speed > Float(0);
-    const auto upstream = [&](const Row<Float>& row) { return Choose(fromLeft, row[l], row[i]); };
+    const auto upstream = [&](const Row<Float>& row) {
+        return OfUpstream<From>(fromLeft, row[l], row[i]);
+    };
     const auto near = [&](const Parabolas<Float>& shape) {
-        return Choose(fromLeft, shape.ToRight[l], shape.FromLeft[i]);
+        return OfUpstream<From>(fromLeft, shape.ToRight[l], shape.FromLeft[i]);
     };
     const auto far = [&](const Parabolas<Float>& shape) {
-        return Choose(fromLeft, shape.FromLeft[l], shape.ToRight[i]);
+        return OfUpstream<From>(fromLeft, shape.FromLeft[l], shape.ToRight[i]);
     };
     const Float rho = upstream(moved.Rho);
     const Float p = upstream(moved.P);
@@ -175,8 +216,8 @@ template <bool HasContacts, typename Float>
     const Float perRatio = one / Most(ratio, Bound<Float>::Tiny);
     Float rise = Along(NearPart(near(shapes.Rho), far(shapes.Rho), share), speed);
     if constexpr (HasContacts) {
-        const Float nearRho = Choose(fromLeft, moved.Rho[i], moved.Rho[l]);
-        const Float farRho = Choose(fromLeft, moved.Rho[l - 1], moved.Rho[i + 1]);
+        const Float nearRho = OfUpstream<From>(fromLeft, moved.Rho[i], moved.Rho[l]);
+        const Float farRho = OfUpstream<From>(fromLeft, moved.Rho[l - 1], moved.Rho[i + 1]);
         const Float jump = PartOfJump(farRho, rho, nearRho, share);
         rise = rise + upstream(shapes.Contact) * (jump - rise);
     }
@@ -196,25 +237,37 @@ template <bool HasContacts, typename Float>
     fluxes.Ux[i] = u;
 }
 
-// The fluxes through edges first..last, a whole number of chunks.
+// The fluxes through edges first..last, a whole number of chunks. Returns how many of them lie in
+// chunks that have to choose edge by edge: where the gas does not all go one way, or at a contact.
 template <typename Float>
-void SweepEdges(const CellRows<Float>& cells, const EdgeMotion<Float>& motion,
-                const MovedCells<Float>& moved, const MovedShapes<Float>& shapes, Float gamma,
-                EdgeFluxes<Float>& fluxes, int first, int last) {
+int SweepEdges(const CellRows<Float>& cells, const EdgeMotion<Float>& motion,
+               const MovedCells<Float>& moved, const MovedShapes<Float>& shapes, Float gamma,
+               EdgeFluxes<Float>& fluxes, int first, int last) {
     const Float perGammaLess = Float(1) / (gamma - Float(1));
+    int mixed = 0;
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const int end = chunk + CellsAtOnce;
+        const auto sweep = [&]<bool HasContacts, Upstream From>() {
+#pragma omp simd
+            for (int i = chunk; i < end; ++i)
+                SweepEdge<HasContacts, From>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
+        };
         const auto touchesContact = [&](int i) {
             return Most(shapes.Contact[i - 1], shapes.Contact[i]) > Float(0);
         };
+        const auto isFromLeft = [&](int i) { return motion.Ux[i] > Float(0); };
+        const auto isFromRight = [&](int i) { return !(motion.Ux[i] > Float(0)); };
         if (AnyInChunk<Float>(chunk, touchesContact)) {
-#pragma omp simd
-            for (int i = chunk; i < end; ++i)
-                SweepEdge<true>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
+            mixed += CellsAtOnce;
+            sweep.template operator()<true, Upstream::Mixed>();
+        } else if (!AnyInChunk<Float>(chunk, isFromRight)) {
+            sweep.template operator()<false, Upstream::Left>();
+        } else if (!AnyInChunk<Float>(chunk, isFromLeft)) {
+            sweep.template operator()<false, Upstream::Right>();
         } else {
-#pragma omp simd
-            for (int i = chunk; i < end; ++i)
-                SweepEdge<false>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
+            mixed += CellsAtOnce;
+            sweep.template operator()<false, Upstream::Mixed>();
         }
     }
+    return mixed;
 }
