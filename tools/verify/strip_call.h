@@ -20,11 +20,11 @@ public:
 class PlainStorage : public ArrayStorage {
 public:
     void* Take(std::size_t bytes) override {
-        return blocks_.emplace_back(bytes / sizeof(std::max_align_t) + 1).data();
+        return blocks_.emplace_back(bytes).data();  // as new aligns, for any float
     }
 
 private:
-    std::deque<std::vector<std::max_align_t>> blocks_;
+    std::deque<std::vector<std::byte>> blocks_;
 };
 
 template <typename Float>
