@@ -196,20 +196,11 @@ template <typename Float>
     states.RhoRight[i] = states.RhoRight[i] + share * gainL;
 }
 
-// Does so in cells first..last, a whole number of chunks. Returns how many of them lie in chunks
-// that hold a contact.
+// Does so in cells first..last, a whole number of chunks.
 template <typename Float>
-int SteepenContacts(StripState<Float> strip, const CellRows<Float>& cells,
-                    EdgeStates<Float>& states, int first, int last) {
-    int steepened = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const auto holdsContact = [&](int i) {
-            return IsContact(strip, i) & Jump<Float>(strip.Rho, i).IsOne();
-        };
-        if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
-        steepened += CellsAtOnce;
-#pragma omp simd
-        for (int i = chunk; i < chunk + CellsAtOnce; ++i) SteepenContact(strip, cells, states, i);
-    }
-    return steepened;
+ContactWork SteepenContacts(StripState<Float> strip, const CellRows<Float>& cells,
+                            EdgeStates<Float>& states, int first, int last) {
+    const auto isContact = [=](int i) { return IsContact(strip, i); };
+    const auto steepen = [&](int i) { SteepenContact(strip, cells, states, i); };
+    return ForChunksWithContacts(strip.Rho, first, last, isContact, steepen);
 }

@@ -36,17 +36,46 @@ struct Jump {
     [[gnu::always_inline]] Float Share() const { return Excess / Most(Size, Bound<Float>::Tiny); }
 };
 
+// Whether the density beside cell i differs by more than a tenth, as it must at a contact. Most
+// chunks are done with once this has been looked at.
+template <typename Float>
+[[gnu::always_inline]] inline bool IsSteep(const Float* rho, int i) {
+    return Size(rho[i + 1] - rho[i - 1]) > Float(0.1) * Least(rho[i + 1], rho[i - 1]);
+}
+
 // Whether a jump of density in cell i is a contact: the density differs by more than a tenth and
 // the pressure by less than a twenty-fifth. A closer match would leave contacts to spread wherever
 // waves run through them, and to be swept together again afterwards.
 template <typename Float>
 [[gnu::always_inline]] inline bool IsContact(const StripState<Float>& strip, int i) {
-    const Float* rho = strip.Rho;
     const Float* p = strip.P;
-    const Float rise = Size(rho[i + 1] - rho[i - 1]);
     const Float rush = Size(p[i + 1] - p[i - 1]);
-    return (rush < Float(0.04) * Least(p[i + 1], p[i - 1])) &
-           (rise > Float(0.1) * Least(rho[i + 1], rho[i - 1]));
+    return (rush < Float(0.04) * Least(p[i + 1], p[i - 1])) & IsSteep(strip.Rho, i);
+}
+
+// How many cells lay in chunks that were looked at more closely, and in chunks that hold a contact.
+struct ContactWork {
+    int Suspect;
+    int Steepened;
+};
+
+// Calls steepen(i) for all cells i of those chunks among cells first..last that hold a jump of
+// density for which isContact(i).
+template <typename Float, typename Test, typename Steepen>
+[[gnu::always_inline]] inline ContactWork ForChunksWithContacts(const Float* rho, int first,
+                                                                int last, Test isContact,
+                                                                Steepen steepen) {
+    ContactWork work = {0, 0};
+    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
+        if (!AnyInChunk<Float>(chunk, [=](int i) { return IsSteep(rho, i); })) continue;
+        work.Suspect += CellsAtOnce;
+        const auto holdsContact = [&](int i) { return isContact(i) & Jump<Float>(rho, i).IsOne(); };
+        if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
+        work.Steepened += CellsAtOnce;
+#pragma omp simd
+        for (int i = chunk; i < chunk + CellsAtOnce; ++i) steepen(i);
+    }
+    return work;
 }
 
 // The average, less the cell's own, over the share nu of a cell that holds a jump, next to its edge

@@ -80,32 +80,24 @@ template <typename Float>
 // Gives the densities at the edges of cells that hold a contact what the neighbours expect there
 // from their own slopes, which the contact does not reach (eq. 1.14 there), by the square of the
 // share of the jump: a smooth slope that shows a small one is left alone. Cells first..last, a
-// whole number of chunks; returns how many of them lie in chunks that hold a contact.
+// whole number of chunks.
 template <typename Float>
-int SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas<Float>& density, int first,
-                    int last) {
+ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas<Float>& density,
+                            int first, int last) {
     const Float* rho = strip.Rho;
     const Float* halfSlope = density.HalfSlope.Origin();
     Float* fromLeft = density.Limited.FromLeft.Origin();
     Float* toRight = density.Limited.ToRight.Origin();
-    int steepened = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const auto holdsContact = [&](int i) {
-            return IsMostlyContact(strip, gamma, i) & Jump<Float>(rho, i).IsOne();
-        };
-        if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
-        steepened += CellsAtOnce;
-#pragma omp simd
-        for (int i = chunk; i < chunk + CellsAtOnce; ++i) {
-            const Float share = Jump<Float>(rho, i).Share();
-            const Float part = Choose(IsMostlyContact(strip, gamma, i), share * share, Float(0));
-            const Float below = (rho[i] - rho[i - 1]) - halfSlope[i - 1];
-            const Float above = (rho[i + 1] - rho[i]) - halfSlope[i + 1];
-            fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);
-            toRight[i] = toRight[i] + part * (above - toRight[i]);
-        }
-    }
-    return steepened;
+    const auto isContact = [=](int i) { return IsMostlyContact(strip, gamma, i); };
+    const auto steepen = [=](int i) {
+        const Float share = Jump<Float>(rho, i).Share();
+        const Float part = Choose(IsMostlyContact(strip, gamma, i), share * share, Float(0));
+        const Float below = (rho[i] - rho[i - 1]) - halfSlope[i - 1];
+        const Float above = (rho[i + 1] - rho[i]) - halfSlope[i + 1];
+        fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);
+        toRight[i] = toRight[i] + part * (above - toRight[i]);
+    };
+    return ForChunksWithContacts(rho, first, last, isContact, steepen);
 }
 
 // Whether nine tenths of a rise of pressure by more than three tenths, in a compression, fall on

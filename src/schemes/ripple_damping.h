@@ -28,7 +28,7 @@ void DampRipples(const StripState<Float>& strip, const CellRows<Float>& cells, F
         const Float left = Along(rho[i - 1] - rho[i - 2], here);
         const Float right = Along(rho[i + 1] - rho[i], here);
         // Above 0 only if both neighbouring steps go the other way.
-        const Float step = Most(Least(Least(-left, -right), Size(here)), Bound<Float>::Zero);
+        const Float step = Most(Least(-Most(left, right), Size(here)), Bound<Float>::Zero);
         const Float speed = strength * Most(cells.Signal[i - 1], cells.Signal[i]);
         fluxes.Mass[i] = fluxes.Mass[i] - Signed(speed * step, here);
     }

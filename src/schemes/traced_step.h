@@ -11,14 +11,16 @@
 
 // Cost of a cell in what every step does, in what is done unless the block is quiet, and in what is
 // done only for the chunks that need it: where there is a shock, a slow one, where the gas is
-// faster than sound, where there is a contact, and where an edge is not weak.
+// faster than sound, where there may be a contact and where there is one, and where an edge is not
+// weak.
 constexpr CellCost PreparationCost = {2, 11, 1, 2, 1};
 constexpr CellCost GasCost = {157, 145, 2, 75, 0};
 constexpr CellCost ShockSearchCost = {3, 1, 0, 2, 0};
 constexpr CellCost ShockLossCost = {10, 8, 2, 16, 0};
 constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
 constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
-constexpr CellCost ContactSearchCost = {11, 3, 0, 5, 0};
+constexpr CellCost ContactSearchCost = {1, 1, 0, 1, 0};
+constexpr CellCost SuspicionCost = {11, 3, 0, 5, 0};
 constexpr CellCost ContactCost = {31, 14, 5, 17, 0};
 constexpr CellCost StrongEdgeCost = {32, 63, 5, 23, 6};
 
@@ -57,9 +59,10 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
     CountOperations(FlatteningCost, std::min(shocked.Flattened, n), counters);
     const int supersonic = TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last);
     CountOperations(SupersonicCost, std::min(supersonic, n), counters);
-    const int steepened = SteepenContacts(strip, rows.Cells, rows.States, first, last);
+    const ContactWork contacts = SteepenContacts(strip, rows.Cells, rows.States, first, last);
     CountOperations(ContactSearchCost, n, counters);
-    CountOperations(ContactCost, std::min(steepened, n), counters);
+    CountOperations(SuspicionCost, std::min(contacts.Suspect, n), counters);
+    CountOperations(ContactCost, std::min(contacts.Steepened, n), counters);
     CloseEdge(rows.States, last + 1);
 }
 
