@@ -57,4 +57,7 @@ struct Bound {
     static const Float One;
     static const Float Tiny;  // far below every density, pressure and speed, yet a normal number
     static const Float LargestFinite;
+
+    // Any other number, no better known after its product with one.
+    static Float Of(Float number) { return number * One; }
 };

@@ -121,7 +121,8 @@ template <bool KnownSubsonic, typename Float>
     // More where the gas expands by a good part of the sound speed from cell to cell: that draws
     // the ends of strong rarefactions together again, which the first steps have rounded.
     const Float expansion = Float(20) * (riseU * perC);
-    const Float back = Between(Float(0.75), expansion + Float(0.75), Float(1.5));
+    const Float back = Between(Bound<Float>::Of(Float(0.75)), expansion + Float(0.75),
+                               Bound<Float>::Of(Float(1.5)));
 
     const SweptShares<Float> plus(u + c, riseU + riseC, ratio, back);
     const SweptShares<Float> minus(u - c, riseU - riseC, ratio, back);

@@ -189,8 +189,8 @@ template <typename Float>
     const Float zero = Float(0);
     const Float halfPlus = half * (gamma + one);
     const Float halfMinus = half * (gamma - one);
-    const Float least = Float(0.1);
-    const Float most = Float(3);
+    const Float least = Bound<Float>::Of(Float(0.1));
+    const Float most = Bound<Float>::Of(Float(3));
     const Float cellRhoL = strip.Rho[i - 1];
     const Float cellRhoR = strip.Rho[i];
     const Float cellPL = strip.P[i - 1];
@@ -289,7 +289,7 @@ void MoveCells(const StripState<Float>& strip, const CellRows<Float>& cells,
         const Float pR = push[i + 1];
         const Float driftL = u[i] - strip.Ux[i];
         const Float driftR = u[i + 1] - strip.Ux[i];
-        const Float width = Most(one + ratio * (u[i + 1] - u[i]), Float(0.05));
+        const Float width = Most(one + ratio * (u[i + 1] - u[i]), Bound<Float>::Of(Float(0.05)));
         const Float perWidth = one / width;
         const Float momentum = ratio * (pL - pR);
         const Float change = cells.StepPerMass[i] * (pL - pR);
