@@ -61,3 +61,5 @@ struct Bound {
     // Any other number, no better known after its product with one.
     static Float Of(Float number) { return number * One; }
 };
+extern template struct Bound<float>;
+extern template struct Bound<double>;

@@ -13,6 +13,14 @@
 #include "schemes/remap.h"
 #include "schemes/ripple_damping.h"
 
+// What the way back to the grid is worked on with.
+template <typename Float>
+struct RemapRows {
+    MovedCells<Float> Moved;
+    MovedWeights<Float> Weights;
+    MovedShapes<Float> Shapes;
+};
+
 template <typename Float>
 struct LagrangianRows {
     InputRows<Float> Inputs;
@@ -21,11 +29,7 @@ struct LagrangianRows {
     EdgeMotion<Float> Motion;
     union {
         SoundStates<Float> Sound;  // until the edges move
-        struct {
-            MovedCells<Float> Moved;
-            MovedWeights<Float> Weights;
-            MovedShapes<Float> Shapes;
-        } Remap;
+        RemapRows<Float> Remap;
         UpdateRows<Float> After;
     };
     EdgeFluxes<Float> Fluxes;
