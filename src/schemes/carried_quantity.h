@@ -151,3 +151,14 @@ void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRow
         result[i] = a[i] + cells.StepPerWidth[i] * (in - out) / newRho[i];
     }
 }
+
+// The same for both quantities, jumps being steepened.
+template <typename Float>
+void UpdateBothCarried(const StripState<Float>& strip, const CellRows<Float>& cells,
+                       const EdgeFluxes<Float>& fluxes, UpdateRows<Float>& after,
+                       const StripResult<Float>& result, int* counters) {
+    UpdateCarried<true>(strip, strip.Uy, cells, fluxes, after.Next.Rho, after.Carried, result.Uy,
+                        counters);
+    UpdateCarried<true>(strip, strip.Smoke, cells, fluxes, after.Next.Rho, after.Carried,
+                        result.Smoke, counters);
+}

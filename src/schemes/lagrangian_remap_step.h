@@ -181,12 +181,7 @@ Float AdvanceLagrangianBlock(const StripState<Float>& input, const StepConstants
     KeepCells(strip, {1, changing.First - 1}, rows);
     if (changing.Last < n) KeepCells(strip, {changing.Last + 1, n + 1}, rows);
 
-    const auto updateCarried = [&](const Float* carried, Float* newCarried) {
-        UpdateCarried<true>(strip, carried, rows.Cells, rows.Fluxes, rows.After.Next.Rho,
-                            rows.After.Carried, newCarried, counters);
-    };
-    updateCarried(strip.Uy, result.Uy);
-    updateCarried(strip.Smoke, result.Smoke);
+    UpdateBothCarried(strip, rows.Cells, rows.Fluxes, rows.After, result, counters);
     return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
 }
 

@@ -90,12 +90,7 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
                            rows.Failed, counters);
         CountOperations(GasCost, n, counters);
     }
-    const auto updateCarried = [&](const Float* carried, Float* newCarried) {
-        UpdateCarried<true>(strip, carried, rows.Cells, rows.Fluxes, rows.After.Next.Rho,
-                            rows.After.Carried, newCarried, counters);
-    };
-    updateCarried(strip.Uy, result.Uy);
-    updateCarried(strip.Smoke, result.Smoke);
+    UpdateBothCarried(strip, rows.Cells, rows.Fluxes, rows.After, result, counters);
     return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
 }
 
