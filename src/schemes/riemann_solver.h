@@ -47,9 +47,9 @@ struct EdgeSolution {
     Float Share;  // how far the edge is inside the waves rather than in the gas before them
 };
 
-// By sound waves in the gas of the two cells. Where the gas moves faster than sound the edge lies in
-// the gas before the waves: the share falls from 1 to 0 at once, so that a wave that stands still on
-// the grid loses nothing.
+// By sound waves in the gas of the two cells. Where the gas moves faster than sound the edge lies
+// in the gas before the waves: the share falls from 1 to 0 at once, so that a wave that stands
+// still on the grid loses nothing.
 template <typename Float>
 [[gnu::always_inline]] inline EdgeSolution<Float> SolveWeakEdge(const StripState<Float>& strip,
                                                                 const CellRows<Float>& cells,
