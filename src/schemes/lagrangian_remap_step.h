@@ -46,7 +46,7 @@ namespace lagrangian {
 constexpr CellCost SearchCost = {2, 5, 2, 2, 1};
 constexpr CellCost KeepingCost = {0, 1, 0, 0, 0};
 constexpr CellCost GasCost = {199, 182, 5, 136, 1};
-constexpr CellCost StrongEdgeCost = {30, 53, 5, 16, 3};
+constexpr CellCost StrongEdgeCost = {30, 55, 5, 16, 3};
 constexpr CellCost SuspicionCost = {13, 6, 0, 5, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
 constexpr CellCost ContactCost = {18, 5, 3, 14, 0};

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "schemes/cell_preparation.h"
+#include "schemes/edge_star.h"
 #include "schemes/parabola.h"
 #include "schemes/riemann_solver.h"
 #include "schemes/strip.h"
@@ -151,34 +152,18 @@ template <typename Float>
     return Most(jump, ram - tolerance * least) <= Float(0);
 }
 
-template <typename Float>
-struct EdgeStar {
-    Float P, Ux;
-};
-
-// By sound waves in the gas of the two cells. Written so, equal sides give their own values to the
-// bit.
+// By sound waves in the gas of the two cells.
 template <typename Float>
 [[gnu::always_inline]] inline EdgeStar<Float> MoveWeakEdge(const CellRows<Float>& cells,
                                                            const SoundStates<Float>& states,
                                                            int i) {
-    const Float half = Float(0.5);
-    const Float zL = cells.Impedance[i - 1];
-    const Float zR = cells.Impedance[i];
-    const Float perSum = Float(1) / (zL + zR);
-    const Float fall = states.PLeft[i] - states.PRight[i];
-    const Float closing = states.UxLeft[i] - states.UxRight[i];
-    const Float skew = half * (zR - zL);
-    return {
-        half * (states.PLeft[i] + states.PRight[i]) + (skew * fall + zL * zR * closing) * perSum,
-        half * (states.UxLeft[i] + states.UxRight[i]) + (fall - skew * closing) * perSum};
+    return MeetAsSound(cells.Impedance[i - 1], states.PLeft[i], states.UxLeft[i],
+                       cells.Impedance[i], states.PRight[i], states.UxRight[i]);
 }
 
-// By two waves of the shock's kind. The first guess is exact for two equal gases that collide and
-// for weak waves; one step of Newton's method follows. The densities follow from the pressures as
-// in a sound wave. Where the acoustic pressure is negative the two sides part faster than such
-// waves can follow, and nothing is left that could push. No edge moves faster than the gas on
-// either side can expand into a vacuum.
+// By two waves of the shock's kind. The densities follow from the pressures as in a sound wave.
+// Where the acoustic pressure is negative nothing is left that could push. No edge moves faster
+// than the gas on either side can expand into a vacuum.
 template <typename Float>
 [[gnu::always_inline]] inline EdgeStar<Float> MoveStrongEdge(const StripState<Float>& strip,
                                                              const CellRows<Float>& cells,
@@ -186,7 +171,6 @@ template <typename Float>
                                                              Float gamma, int i) {
     const Float half = Float(0.5);
     const Float one = Float(1);
-    const Float zero = Float(0);
     const Float halfPlus = half * (gamma + one);
     const Float halfMinus = half * (gamma - one);
     const Float least = Bound<Float>::Of(Float(0.1));
@@ -206,36 +190,10 @@ template <typename Float>
     const Float zL = cells.Impedance[i - 1];
     const Float zR = cells.Impedance[i];
 
-    // First guess.
-    const Float sumZ = zL + zR;
-    const Float sumRho = rhoL + rhoR;
-    const Float perSums = one / (sumZ * sumRho);
-    const Float perSumZ = perSums * sumRho;
-    const Float closing = uL - uR;
-    const Float base = (zR * pL + zL * pR) * perSumZ;
-    const Float linear = (zL * zR * perSumZ) * closing;
-    const Float acoustic = base + linear;
-    const Float ram =
-        Float(0.25) * halfPlus * (rhoL * rhoR * (perSums * sumZ)) * (closing * closing);
-    const Float collision = base + (ram + Root(ram * ram + linear * linear));
-    const Float lowest = Float(1e-6) * Least(pL, pR);
-    const Float guess = Most(Choose(closing > zero, collision, acoustic), lowest);
-
-    // One step of Newton's method: the velocities behind the two waves come together.
-    const Float guessWL = Root(rhoL * WaveStiffness(halfPlus, halfMinus, pL, guess));
-    const Float guessWR = Root(rhoR * WaveStiffness(halfPlus, halfMinus, pR, guess));
-    const Float perBoth = one / (guessWL * guessWR);
-    const Float perL = perBoth * guessWR;
-    const Float perR = perBoth * guessWL;
-    const Float ratioL = zL * perL;
-    const Float ratioR = zR * perR;
-    const Float slopeL = half * perL * (one + ratioL * ratioL);
-    const Float slopeR = half * perR * (one + ratioR * ratioR);
-    const Float behindL = uL - (guess - pL) * perL;
-    const Float behindR = uR + (guess - pR) * perR;
-    const Float perSlopes = one / (slopeL + slopeR);
-    const Float star = Most(guess + (behindL - behindR) * perSlopes, lowest);
-    return {Choose(acoustic < zero, zero, star), (slopeL * behindR + slopeR * behindL) * perSlopes};
+    const EdgeStar<Float> met = MeetAsShocks<Float>(
+        {rhoL, pL, uL, zL, zL * zL}, {rhoR, pR, uR, zR, zR * zR}, halfPlus, halfMinus);
+    const Float zero = Float(0);
+    return {Choose(met.AcousticP < zero, zero, met.P), met.Ux, met.AcousticP};
 }
 
 // Solves the Riemann problems at edges first..last, a whole number of chunks. Returns how many of

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "schemes/characteristic_tracing.h"
+#include "schemes/edge_star.h"
 #include "schemes/strip.h"
 
 // Fluxes as seen by an observer who moves with the gas at the edge, at velocity Ux: of mass, of
@@ -14,16 +15,6 @@ struct EdgeFluxes {
     Row<Float> Energy;
     Row<Float> Ux;
 };
-
-// Square of the mass flux through a wave that takes the gas from pressure p to `star`, over its
-// density: exact for a shock, and close for a rarefaction that is not too strong. J. Comput. Phys.
-// 54, 174 (1984), eq. (2.5), for a gamma law; halfPlus is (gamma + 1) / 2, halfMinus (gamma - 1)
-// / 2.
-template <typename Float>
-[[gnu::always_inline]] inline Float WaveStiffness(Float halfPlus, Float halfMinus, Float p,
-                                                  Float star) {
-    return halfPlus * star + halfMinus * p;
-}
 
 // Whether the two sides of an edge are so close that sound waves are solution enough: the error is
 // of second order in the jump, two parts in a hundred thousand of the pressure.
@@ -63,14 +54,9 @@ template <typename Float>
     const Float uR = states.UxRight[i];
     const Float rhoL = states.RhoLeft[i];
     const Float rhoR = states.RhoRight[i];
-    const Float half = Float(0.5);
-    const Float perSum = Float(1) / (zL + zR);
-    const Float fall = pL - pR;
-    const Float closing = uL - uR;
-    const Float skew = half * (zR - zL);
-    // Written so, equal sides give their own values to the bit.
-    const Float star = half * (pL + pR) + (skew * fall + zL * zR * closing) * perSum;
-    const Float starU = half * (uL + uR) + (fall - skew * closing) * perSum;
+    const EdgeStar<Float> met = MeetAsSound(zL, pL, uL, zR, pR, uR);
+    const Float star = met.P;
+    const Float starU = met.Ux;
     const bool fromLeft = starU > Float(0);
     // 1 over the sound speed of the cell
     const Float perCL = cells.PerImpedance[i - 1] * strip.Rho[i - 1];
@@ -85,10 +71,9 @@ template <typename Float>
 }
 
 // By two waves of the shock's kind; inside a rarefaction that straddles the edge the state is
-// interpolated between its ends. The first guess is exact for two equal gases that collide and for
-// weak waves; one step of Newton's method follows. Where the acoustic pressure is negative, the two
-// sides part faster than such waves can follow: nine tenths of that pressure then act on the
-// momentum, which drains the heat that the averages of so strong a rarefaction would hold too much.
+// interpolated between its ends. Where the acoustic pressure is negative nine tenths of it act on
+// the momentum, which drains the heat that the averages of so strong a rarefaction would hold too
+// much.
 template <typename Float>
 [[gnu::always_inline]] inline EdgeSolution<Float> SolveStrongEdge(const EdgeStates<Float>& states,
                                                                   Float gamma, int i) {
@@ -104,38 +89,14 @@ template <typename Float>
     const Float uL = states.UxLeft[i];
     const Float uR = states.UxRight[i];
 
-    // First guess.
     const Float squareL = gamma * (pL * rhoL);
     const Float squareR = gamma * (pR * rhoR);
     const Float zL = Root(squareL);
     const Float zR = Root(squareR);
-    const Float sumZ = zL + zR;
-    const Float sumRho = rhoL + rhoR;
-    const Float perSums = one / (sumZ * sumRho);
-    const Float perSumZ = perSums * sumRho;
-    const Float closing = uL - uR;
-    const Float base = (zR * pL + zL * pR) * perSumZ;
-    const Float linear = (zL * zR * perSumZ) * closing;
-    const Float acoustic = base + linear;
-    const Float ram =
-        Float(0.25) * halfPlus * (rhoL * rhoR * (perSums * sumZ)) * (closing * closing);
-    const Float collision = base + (ram + Root(ram * ram + linear * linear));
-    const Float lowest = Float(1e-6) * Least(pL, pR);
-    const Float guess = Most(Choose(closing > zero, collision, acoustic), lowest);
-
-    // One step of Newton's method: the velocities behind the two waves come together.
-    const Float guessWL = Root(rhoL * WaveStiffness(halfPlus, halfMinus, pL, guess));
-    const Float guessWR = Root(rhoR * WaveStiffness(halfPlus, halfMinus, pR, guess));
-    const Float perBoth = one / (guessWL * guessWR);
-    const Float perL = perBoth * guessWR;
-    const Float perR = perBoth * guessWL;
-    const Float slopeL = half * perL * (one + squareL * (perL * perL));
-    const Float slopeR = half * perR * (one + squareR * (perR * perR));
-    const Float behindL = uL - (guess - pL) * perL;
-    const Float behindR = uR + (guess - pR) * perR;
-    const Float perSlopes = one / (slopeL + slopeR);
-    const Float star = Most(guess + (behindL - behindR) * perSlopes, lowest);
-    const Float starU = (slopeL * behindR + slopeR * behindL) * perSlopes;
+    const EdgeStar<Float> met = MeetAsShocks<Float>(
+        {rhoL, pL, uL, zL, squareL}, {rhoR, pR, uR, zR, squareR}, halfPlus, halfMinus);
+    const Float star = met.P;
+    const Float starU = met.Ux;
 
     // The side that the gas comes from; speeds along the way that the gas at the edge moves.
     const bool fromLeft = starU > zero;
@@ -157,7 +118,8 @@ template <typename Float>
     // streams that part faster than it can expand there is next to nothing.
     const Float speed = along + inFan * (Size(starU) - along);
     const Float share = Choose(speed < zero, one, inFan);
-    return {star, starU, starRho, Choose(acoustic < zero, Float(0.9) * acoustic, star), share};
+    return {star, starU, starRho, Choose(met.AcousticP < zero, Float(0.9) * met.AcousticP, star),
+            share};
 }
 
 // Puts the fluxes through edge i together.
