@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <tuple>
+
 #include "integration/tick_arrays.h"
 #include "problems.h"
 
@@ -71,6 +74,26 @@ TEST_F(TimeStep, RaisesToTheFloorsAndStopsSlowVelocities) {
     EXPECT_EQ(state.Uy[5], 0.0);
     EXPECT_EQ(state.Ux[6], -1e-8);
     EXPECT_EQ(state.Uy[6], 1e-8);
+}
+
+// What the fields held before a step becomes room for later results, the smoke too.
+TEST_F(TimeStep, BringsNoSmokeBackWhereNoneIsCarried) {
+    library = {};
+    // The state itself; rows and results lie as the entry point's list of arguments has them.
+    library.Plover = [](auto... arguments) {
+        const auto given = std::tuple(arguments...);
+        const int first = *std::get<43>(given);
+        const int width = *std::get<42>(given);
+        std::copy_n(std::get<1>(given) + first, width, std::get<30>(given) + first);
+        std::copy_n(std::get<6>(given) + first, width, std::get<31>(given) + first);
+        std::copy_n(std::get<11>(given) + first, width, std::get<32>(given) + first);
+        std::copy_n(std::get<16>(given) + first, width, std::get<33>(given) + first);
+    };
+    TickArrays tick(state, library);
+    for (int step = 1; step <= 3; ++step) {
+        ASSERT_TRUE(TakeTimeStep(state, tick)) << tick.Refusal;
+        for (int i = 1; i <= 20; ++i) ASSERT_EQ(state.FSmoke[i], 0.0) << step << ", cell " << i;
+    }
 }
 
 TEST(ControlTimeStep, FollowsTheCourantNumber) {
