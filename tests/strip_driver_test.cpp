@@ -118,6 +118,7 @@ TEST(StripDriver, CutsTheGridAndHandsEveryStripItsOwnCellsAndNeighbours) {
                 ASSERT_EQ(state.FSmokeNew[i], before.FSmoke[i]);
                 ASSERT_EQ(state.Rho[i], before.Rho[i]);
             }
+            EXPECT_EQ(tick.RhoOut[row.n + 1], 0.0) << "no cell beyond the grid has a result";
             // One Courant number for all strips, and counters summed over them.
             EXPECT_EQ(tick.StepCourant, 0.25 * cut.Count);
             EXPECT_EQ(tick.OpCounters[1], (cut.Count - 1) * cut.Width + cut.Last);
