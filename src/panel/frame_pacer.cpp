@@ -8,12 +8,15 @@
 
 namespace {
 
-// Milliseconds, rounded down. Screens that are none tell any rate.
+// Milliseconds, rounded down. Screens that are none tell any rate, or there is no screen for a
+// while.
 qint64 PictureTime(const QWidget& window) {
     constexpr double slowest = 30.0;  // pictures a second
     constexpr double fastest = 240.0;
-    return static_cast<qint64>(1000.0 /
-                               std::clamp(window.screen()->refreshRate(), slowest, fastest));
+    const QScreen* const screen = window.screen();
+    const double told = screen == nullptr ? slowest : screen->refreshRate();
+    const double rate = told > slowest ? std::min(told, fastest) : slowest;
+    return static_cast<qint64>(1000.0 / rate);
 }
 
 }  // namespace
