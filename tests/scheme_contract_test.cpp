@@ -223,7 +223,20 @@ TEST_P(SchemeContract, MirrorsAMirroredFlow) {
         parting.Rho[i] = parting.P[i] = 1.0;
         parting.Ux[i] = cell <= 50 ? -24.0 : 24.0;
     }
-    for (const Flow& flow : {rough, evenWarmth, parting}) {
+    // Gas that is next to nothing between dense gas that closes in from both sides, at a wall: the
+    // states beside its edges have neither density nor pressure.
+    Flow squeezed = parting;
+    const std::array<std::array<double, 3>, 4> half = {
+        {{1.0, 1e-8, 252.0}, {1.0, 1.0, -146.0}, {5e-5, 264.0, 0.0}, {0.9, 1e-8, -184.0}}};
+    for (int k = 0; k < 4; ++k) {
+        for (const int side : {-1, 1}) {
+            const std::size_t i = squeezed.At(side > 0 ? 54 - k : 47 + k);
+            squeezed.Rho[i] = half[static_cast<std::size_t>(k)][0];
+            squeezed.P[i] = half[static_cast<std::size_t>(k)][1];
+            squeezed.Ux[i] = side * half[static_cast<std::size_t>(k)][2];
+        }
+    }
+    for (const Flow& flow : {rough, evenWarmth, parting, squeezed}) {
         const Flow mirrored = Mirrored(flow);
         Flow next = flow;
         Flow nextMirrored = flow;

@@ -1,6 +1,8 @@
 // The fluxes through the edges from the states on their two sides.
 #pragma once
 
+#include <limits>
+
 #include "schemes/characteristic_tracing.h"
 #include "schemes/edge_star.h"
 #include "schemes/strip.h"
@@ -73,7 +75,8 @@ template <typename Float>
 // By two waves of the shock's kind; inside a rarefaction that straddles the edge the state is
 // interpolated between its ends. Where the acoustic pressure is negative nine tenths of it act on
 // the momentum, which drains the heat that the averages of so strong a rarefaction would hold too
-// much.
+// much. Traced states of no density or pressure, as between cells of which one holds next to
+// nothing, have no waves: what comes out is no number, and the cells on both sides are mended.
 template <typename Float>
 [[gnu::always_inline]] inline EdgeSolution<Float> SolveStrongEdge(const EdgeStates<Float>& states,
                                                                   Float gamma, int i) {
@@ -117,7 +120,10 @@ template <typename Float>
     // Gas that would leave the edge on the side that it comes from has ended before: between two
     // streams that part faster than it can expand there is next to nothing.
     const Float speed = along + inFan * (Size(starU) - along);
-    const Float share = Choose(speed < zero, one, inFan);
+    const Float reached = Choose(speed < zero, one, inFan);
+    // Roots have seen to all such states but those with both below zero.
+    const Float share = Choose((rhoL > zero) & (rhoR > zero), reached,
+                               Float(std::numeric_limits<double>::quiet_NaN()));
     return {star, starU, starRho, Choose(met.AcousticP < zero, Float(0.9) * met.AcousticP, star),
             share};
 }
@@ -128,13 +134,15 @@ template <typename Float>
                                               const EdgeSolution<Float>& solution,
                                               Float perGammaLess, EdgeFluxes<Float>& fluxes,
                                               int i) {
-    const bool fromLeft = solution.Ux > Float(0);
     const Float rhoL = states.RhoLeft[i];
     const Float rhoR = states.RhoRight[i];
     const Float pL = states.PLeft[i];
     const Float pR = states.PRight[i];
     const Float uL = states.UxLeft[i];
     const Float uR = states.UxRight[i];
+    // Gas that stands still comes from neither side. All that shows of the choice then is how the
+    // pressure is rounded, and the higher one is taken so that a mirror image takes the same.
+    const bool fromLeft = (solution.Ux > Float(0)) | ((solution.Ux == Float(0)) & (pL > pR));
     const Float rho = Choose(fromLeft, rhoL, rhoR);
     const Float p = Choose(fromLeft, pL, pR);
     const Float u = Choose(fromLeft, uL, uR);

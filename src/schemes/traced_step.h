@@ -22,7 +22,7 @@ constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
 constexpr CellCost ContactSearchCost = {1, 1, 0, 1, 0};
 constexpr CellCost SuspicionCost = {11, 3, 0, 5, 0};
 constexpr CellCost ContactCost = {31, 14, 5, 17, 0};
-constexpr CellCost StrongEdgeCost = {32, 63, 5, 23, 6};
+constexpr CellCost StrongEdgeCost = {32, 63, 5, 24, 6};
 
 // What a block is worked on with: 40 or 48 kilobytes, about what a first-level cache holds.
 template <typename Float>
