@@ -162,8 +162,9 @@ template <typename Float>
 }
 
 // By two waves of the shock's kind. The densities follow from the pressures as in a sound wave.
-// Where the acoustic pressure is negative nothing is left that could push. No edge moves faster
-// than the gas on either side can expand into a vacuum.
+// Where the acoustic pressure is negative nothing is left that could push. Neither wave leaves gas
+// behind it that is faster than gas expands into a vacuum, and the edge moves with a mean of what
+// the two leave.
 template <typename Float>
 [[gnu::always_inline]] inline EdgeStar<Float> MoveStrongEdge(const StripState<Float>& strip,
                                                              const CellRows<Float>& cells,
