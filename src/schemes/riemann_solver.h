@@ -19,16 +19,19 @@ struct EdgeFluxes {
 };
 
 // Whether the two sides of an edge are so close that sound waves are solution enough: the error is
-// of second order in the jump, two parts in a hundred thousand of the pressure.
+// of second order in the jump, two parts in a hundred thousand of the pressure. States of negative
+// density never are.
 template <typename Float>
 [[gnu::always_inline]] inline bool IsWeak(const EdgeStates<Float>& states, int i) {
     const Float tolerance = Float(0.01);
     const Float least = Least(states.PLeft[i], states.PRight[i]);
-    const Float densest = Most(states.RhoLeft[i], states.RhoRight[i]);
+    const Float rhoL = states.RhoLeft[i];
+    const Float rhoR = states.RhoRight[i];
+    const Float densest = Most(rhoL, rhoR);
     const Float closing = states.UxLeft[i] - states.UxRight[i];
     const Float jump = Size(states.PLeft[i] - states.PRight[i]) - tolerance * least;
     const Float ram = densest * (closing * closing) - tolerance * tolerance * least;
-    return Most(jump, ram) <= Float(0);
+    return (Most(jump, ram) <= Float(0)) & (rhoL > Float(0)) & (rhoR > Float(0));
 }
 
 // What an edge is solved for: the pressure and the velocity between the two waves, and the density
