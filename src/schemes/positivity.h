@@ -36,9 +36,9 @@ bool MarkFailures(StripState<Float> strip, const NewState<Float>& next, Row<Floa
     return true;
 }
 
-// Puts the fluxes of the first-order scheme with the largest local signal speed (which keeps
-// positive states positive up to Courant number 1) on those of the edges first..last that bound a
-// marked cell.
+// Puts the fluxes of the first-order scheme with the largest local signal speed on those of the
+// edges first..last that bound a marked cell. On cells of equal width they keep positive states
+// positive up to Courant number 1, but for rounding.
 template <typename Float>
 void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& cells,
                          const Row<Float>& failed, Float gamma, EdgeFluxes<Float>& fluxes,
