@@ -190,3 +190,15 @@ TEST_F(PanelBrowsing, LeavesThePictureAloneBeforeTwoStatesAreStored) {
     QTest::mouseClick(controls.pctSpaceTime, Qt::LeftButton, {}, {226, 96});
     EXPECT_EQ(controls.pctSpaceTime->Image(), picture);
 }
+
+TEST_F(PanelBrowsing, KeepsThePictureOfARunThatNobodySawBeforeItsStatesWereGone) {
+    RunTest1();
+    panel.Press("cmdRestart");
+    panel.Type("txtNGridCells", "200");
+
+    Panel looked;
+    looked.Press("cmdTest1");
+    looked.Press("cmdBegin");
+    ASSERT_TRUE(looked.RunToEnd());
+    EXPECT_EQ(controls.pctSpaceTime->Image(), looked.Form().controls.pctSpaceTime->Image());
+}

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "display/control_values.h"
 #include "display/controls.h"
@@ -36,11 +37,38 @@ const OffsetArray<float>* StoredVariable(const ExperimentState& state, const std
     return nullptr;
 }
 
-// The raster's first row in memory is the bottom row of the picture.
-void ShowRaster(Surface& surface, const SpaceTimeRaster& raster) {
+// A table of stored values and the size that its picture is to have, in pixels.
+struct PictureOrder {
+    SpaceTimeTable Table;
+    int Width;
+    int Height;
+};
+
+// What is to be painted of the first `states` stored states; nothing before there are two.
+std::optional<PictureOrder> OrderPicture(const ExperimentState& state, Controls& controls,
+                                         int states) {
+    if (states <= 1) return std::nullopt;
+    const Surface& surface = *controls.pctSpaceTime;
+    const int height = RoundToEven(surface.ScaleHeight());
+    const int width = RoundToEven(surface.ScaleWidth());
+    if (state.SpaceTimeBig != 0) {
+        PutCaption(controls.lblVelocityPlot, TextOf(controls.lstGrayVariable));
+    }
+    if (state.SchemeName == "Plover" && TextOf(controls.lstGrayVariable) == "FSmoke") {
+        PutListText(controls.lstGrayVariable, "Density");
+    }
+    const OffsetArray<float>* stored = StoredVariable(state, TextOf(controls.lstGrayVariable));
+    if (stored == nullptr) return std::nullopt;
+    const int n = state.NGridCells;
+    return PictureOrder{{stored->At(0), n, states, n + 2, state.StoreGeneration}, width, height};
+}
+
+// Lo and Hi become the extremes. The raster's first row in memory is the bottom row of the picture.
+QImage DrawPicture(const PictureOrder& order, SpaceTimeRaster& raster, double& lo, double& hi) {
+    DrawSpaceTime(order.Table, lo, hi, order.Width, order.Height, raster);
     const QImage image(raster.DibBits.data(), raster.biWidth, raster.biHeight, raster.DibRowBytes,
                        QImage::Format_Grayscale8);
-    surface.ShowGray(image.mirrored(/*horizontal=*/false, /*vertical=*/true));
+    return image.mirrored(/*horizontal=*/false, /*vertical=*/true);
 }
 
 void ShowBoxesUnderPicture(Controls& controls, bool visible) {
@@ -57,29 +85,29 @@ void pctSpaceTime_Paint(ExperimentState& state, Controls& controls) {
 }
 
 void PaintFirstStates(ExperimentState& state, Controls& controls, int states) {
-    if (states <= 1) return;
+    const std::optional<PictureOrder> order = OrderPicture(state, controls, states);
+    if (!order) return;
     Surface& surface = *controls.pctSpaceTime;
-    const int height = RoundToEven(surface.ScaleHeight());
-    const int width = RoundToEven(surface.ScaleWidth());
     const bool isBig = state.SpaceTimeBig != 0;
-    SpaceTimeRaster& raster = isBig ? state.Raster2 : state.Raster1;
-    if (isBig) PutCaption(controls.lblVelocityPlot, TextOf(controls.lstGrayVariable));
-    if (state.SchemeName == "Plover" && TextOf(controls.lstGrayVariable) == "FSmoke") {
-        PutListText(controls.lstGrayVariable, "Density");
-    }
-    const OffsetArray<float>* stored = StoredVariable(state, TextOf(controls.lstGrayVariable));
-    if (stored == nullptr) return;
-
     double lo = 0.0, hi = 0.0;
-    DrawSpaceTime(
-        {stored->At(0), state.NGridCells, states, state.NGridCells + 2, state.StoreGeneration}, lo,
-        hi, width, height, raster);
-    ShowRaster(surface, raster);
+    surface.ShowGray(DrawPicture(*order, isBig ? state.Raster2 : state.Raster1, lo, hi));
     if (isBig) {
         PutText(controls.txtVelocityMin, FormatNumber(lo, "##0.0####"));
         PutText(controls.txtVelocityMax, FormatNumber(hi, "##0.0####"));
     }
-    surface.Refresh();
+}
+
+void PaintFirstStatesWhenSeen(ExperimentState& state, Controls& controls, int states) {
+    if (state.SpaceTimeBig != 0) {
+        PaintFirstStates(state, controls, states);
+        return;
+    }
+    const std::optional<PictureOrder> order = OrderPicture(state, controls, states);
+    if (!order) return;
+    controls.pctSpaceTime->ShowGrayWhenSeen([&raster = state.Raster1, order = *order] {
+        double lo = 0.0, hi = 0.0;
+        return DrawPicture(order, raster, lo, hi);
+    });
 }
 
 void pctSpaceTime_Click(ExperimentState& state, Controls& controls) {

@@ -12,6 +12,10 @@ void pctSpaceTime_Paint(ExperimentState& state, Controls& controls);
 // more. Nothing for fewer than two.
 void PaintFirstStates(ExperimentState& state, Controls& controls, int states);
 
+// The same, but the small picture, which shows no numbers of its own, is drawn when it is seen: the
+// run stores states faster than a screen shows pictures.
+void PaintFirstStatesWhenSeen(ExperimentState& state, Controls& controls, int states);
+
 // A click makes the picture small, a double click big. Big, it lends itself the velocity plot's
 // caption and limits and hides the boxes that it would lie under.
 void pctSpaceTime_Click(ExperimentState& state, Controls& controls);

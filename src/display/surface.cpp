@@ -61,6 +61,7 @@ void Surface::LineFrom(float x1, float y1, float x2, float y2) {
 }
 
 void Surface::LineOn(float x2, float y2) {
+    Settle();
     const QPointF start = std::exchange(current_, QPointF(x2, y2));
     Curve* const open = items_.size() > drawn_ ? std::get_if<Curve>(&items_.back()) : nullptr;
     if (open == nullptr || keptPoints_ >= MostKeptPoints) {
@@ -81,9 +82,25 @@ void Surface::BoxOutline(float x, float y, float w, float h) {
 
 void Surface::ShowGray(QImage gray) {
     if (gray.isNull()) return;
+    ReplaceBy(std::move(gray));
+    Refresh();
+}
+
+void Surface::ShowGrayWhenSeen(std::function<QImage()> draw) {
+    awaited_ = std::move(draw);
+    Refresh();
+}
+
+void Surface::Settle() {
+    if (!awaited_) return;
+    QImage gray = std::exchange(awaited_, nullptr)();
+    if (!gray.isNull()) ReplaceBy(std::move(gray));
+}
+
+void Surface::ReplaceBy(QImage gray) {
     assert(gray.format() == QImage::Format_Grayscale8);
     Erase();
-    Keep(std::move(gray), 0);
+    items_.emplace_back(std::move(gray));
 }
 
 void Surface::Refresh() {
@@ -96,6 +113,7 @@ const QImage& Surface::Image() {
 }
 
 void Surface::Erase() {
+    awaited_ = nullptr;
     items_.clear();
     keptPoints_ = 0;
     drawn_ = 0;
@@ -103,6 +121,7 @@ void Surface::Erase() {
 }
 
 void Surface::Keep(Item item, std::size_t points) {
+    Settle();
     if (keptPoints_ >= MostKeptPoints) {
         Rasterise();
         items_.clear();
@@ -116,6 +135,7 @@ void Surface::Keep(Item item, std::size_t points) {
 }
 
 void Surface::Rasterise() {
+    Settle();
     const double ratio = devicePixelRatioF();
     const QSize wanted(static_cast<int>(std::ceil(width() * ratio)),
                        static_cast<int>(std::ceil(height() * ratio)));

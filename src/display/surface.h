@@ -46,6 +46,13 @@ public:
     // was drawn. The picture owns its pixels.
     void ShowGray(QImage gray);
 
+    // The same with the picture that `draw` gives, which is asked when somebody looks, and never if
+    // another picture comes before.
+    void ShowGrayWhenSeen(std::function<QImage()> draw);
+
+    // Has what ShowGrayWhenSeen was told drawn now, before what it is drawn from changes.
+    void Settle();
+
     // True while nobody will see what is drawn here, because the surface is going to be cleared
     // first: whoever draws can leave it out. Changes nothing that the surface shows.
     bool IsUnseen() const { return isUnseen_; }
@@ -84,6 +91,7 @@ private:
     using Item = std::variant<Curve, Box, QImage>;
 
     void Erase();
+    void ReplaceBy(QImage gray);
     void Keep(Item item, std::size_t points);
     void Rasterise();
     void Draw(const Curve& curve);
@@ -100,6 +108,7 @@ private:
     std::size_t drawn_ = 0;       // items that image_ holds already
     bool blank_ = true;           // image_ has to be erased before the first item
     QImage image_;
+    std::function<QImage()> awaited_;  // draws what is to replace all that was drawn
     bool isUnseen_ = false;
     bool pressedHere_ = false;  // the button went down here and the release will be a click
     QWidget* takesKeys_ = nullptr;

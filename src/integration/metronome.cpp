@@ -84,7 +84,7 @@ TickOutcome RunSteps(ExperimentState& state, Controls& controls) {
 void tmrMetronome_Timer(ExperimentState& state, Controls& controls) {
     if (state.Stopped != 0) return;
     const TickOutcome outcome = RunSteps(state, controls);
-    PaintFirstStates(state, controls, outcome.StatesOnPicture);
+    PaintFirstStatesWhenSeen(state, controls, outcome.StatesOnPicture);
 
     FillBoundaryZones(state);
     SweepAxisRanges(state);

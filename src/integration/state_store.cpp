@@ -15,9 +15,14 @@ int Stride(const ExperimentState& state) {
     return state.NGridCells + 2;
 }
 
+void BeginGeneration(ExperimentState& state) {
+    if (state.BeforeStoreChanges) state.BeforeStoreChanges();
+    state.StoreGeneration += 1;
+}
+
 template <typename Change>
 void ForEachStoreArray(ExperimentState& state, Change change) {
-    state.StoreGeneration += 1;
+    BeginGeneration(state);
     for (OffsetArray<float>* array :
          {&state.SRho, &state.SP, &state.SUx, &state.SUy, &state.SFSmoke, &state.SRPlus,
           &state.SRMinus, &state.SEntropy}) {
@@ -101,7 +106,7 @@ void EmptyStore(ExperimentState& state) {
 }
 
 void TakeSnapshot(ExperimentState& state, int base) {
-    if (base < Stride(state) * state.NStored || base == 0) state.StoreGeneration += 1;
+    if (base < Stride(state) * state.NStored || base == 0) BeginGeneration(state);
     CopyFields(state, base);
     IntegrateInvariants(state, base);
 }

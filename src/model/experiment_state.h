@@ -3,6 +3,7 @@
 // unit. N below is NGridCells, and \ is truncating integer division.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "display/space_time_raster.h"
@@ -47,10 +48,11 @@ struct ExperimentState {
     OffsetArray<float> SEntropy;           // P / Rho^Gamma
     OffsetArray<double> StoredT{0, 2001};  // time of stored state s; never resized
     int StoreCapacity = 402;               // upper index of the eight arrays
-    int StoreOffset = 0;        // element at which the next state begins, or the loaded one
-    int NStored = 0;            // states stored so far, the initial one included
-    int StoreGeneration = 0;    // changes whenever what was stored does; new states only add
-    int StoredStateNumber = 0;  // the state on display, 0 is the initial one
+    int StoreOffset = 0;      // element at which the next state begins, or the loaded one
+    int NStored = 0;          // states stored so far, the initial one included
+    int StoreGeneration = 0;  // changes whenever what was stored does; new states only add
+    std::function<void()> BeforeStoreChanges;  // run before it does, where there is one
+    int StoredStateNumber = 0;                 // the state on display, 0 is the initial one
 
     // ---- Control points, entries 0..N+2, of which 0..NSelected+1 are in use ----
     // Entries 1..NSelected are the points, in strictly rising cells; entries 0 and NSelected+1

@@ -26,13 +26,15 @@ void Form_Initialize(ExperimentState& state, Controls& controls) {
     controls.pctSpaceTime->Place(BigSpaceTime);
     state.Raster2 = RasterFor(*controls.pctSpaceTime);
     controls.pctSpaceTime->Place(SmallSpaceTime);
+    state.BeforeStoreChanges = [surface = controls.pctSpaceTime] { surface->Settle(); };
     PutListText(controls.lstGrayVariable, "Density");
     state.StudentName = Prompt(controls, "Type your name", "Get Student Name", "Jane Q. Student");
     InitDefaultProblem(state, controls);
 }
 
-void Form_Unload(ExperimentState& state, Controls& /*controls*/) {
+void Form_Unload(ExperimentState& state, Controls& controls) {
     state.Stopped = 1;
+    controls.pctSpaceTime->Settle();
     state.Raster1 = SpaceTimeRaster();
     state.Raster2 = SpaceTimeRaster();
 }
