@@ -17,8 +17,7 @@
 //
 // Drawing since the last Cls is kept as a list and becomes an image once, when somebody looks. The
 // paint event only copies that image out, and lays a frame over it while the surface has the focus.
-// It runs no procedure of ours, because those write text boxes; so exposure loses nothing and
-// changes nothing.
+// It runs no procedure that writes text boxes; so exposure loses nothing and changes nothing.
 class Surface : public QWidget {
 public:
     // unitsPerPixel: the size of a logical pixel in the unit of the coordinates.
