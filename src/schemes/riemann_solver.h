@@ -12,7 +12,7 @@
 // other observer from these four. Written so, a fast cold flow loses no digits of its pressure.
 template <typename Float>
 struct EdgeFluxes {
-    Row<Float> Mass;
+    Row<Float> Mass = {};  // 0 past the edges that are solved, where padded kernels look too
     Row<Float> Momentum;
     Row<Float> Energy;
     Row<Float> Ux;
