@@ -40,11 +40,12 @@ void InterpolateEdges(const Float* a, RoughParabolas<Float>& parabolas, int firs
     Float* fromLeft = parabolas.Unlimited.FromLeft.Origin();
     Float* toRight = parabolas.Unlimited.ToRight.Origin();
     Float* smoothEdge = parabolas.SmoothEdge.Origin();
+    const int end = PaddedLast(first, last + 1);
 #pragma omp simd
     for (int i = first - 1; i <= PaddedLast(first - 1, last + 1); ++i)
         halfSlope[i] = LimitedHalfSlope(a[i] - a[i - 1], a[i + 1] - a[i]);
 #pragma omp simd
-    for (int i = first; i <= PaddedLast(first, last + 1); ++i) {
+    for (int i = first; i <= end; ++i) {
         const Float left = a[i - 1] - a[i - 2];
         const Float here = a[i] - a[i - 1];
         const Float right = a[i + 1] - a[i];
@@ -59,6 +60,8 @@ void InterpolateEdges(const Float* a, RoughParabolas<Float>& parabolas, int firs
         limitedLeft[i] = middle + limited;
         smoothEdge[i] = Choose(Size(turn) <= Float(0.2) * Size(bends), Float(1), Float(0));
     }
+    // The cell behind the last edge, where padded kernels look too.
+    toRight[end] = limitedRight[end] = smoothEdge[end + 1] = Float(0);
 }
 
 // Whether a jump of density in cell i is mostly a contact: the relative difference of pressure is
