@@ -1,8 +1,10 @@
 // Plays at random on the panel, or runs one test over and over, and says what broke.
-//     panel_player [--actions N] [--seed S] [--tell]
+//     panel_player [--actions N] [--seed S] [--tell] [--record FILE] [--look K]
 //     panel_player --soak RUNS
 // A seed gives the same actions each time. Where the program crashes, --tell prints each action
-// before it is taken.
+// before it is taken. --record writes a line for every action: hashes of what the panel holds and
+// shows after it, and the action; the pictures are looked at after every K-th (after each without
+// --look).
 #include <unistd.h>
 
 #include <QApplication>
@@ -14,6 +16,7 @@
 
 #include "panel/look.h"
 #include "panel/main_window.h"
+#include "panel_record.h"
 #include "random_player.h"
 
 namespace {
@@ -23,6 +26,8 @@ struct Wishes {
     std::uint64_t Seed = 1;
     bool Tells = false;
     int Soak = 0;
+    std::string Record;
+    long Look = 1;
 };
 
 bool ReadWishes(const QStringList& words, Wishes& wishes) {
@@ -34,6 +39,11 @@ bool ReadWishes(const QStringList& words, Wishes& wishes) {
             wishes.Actions = words.value(++i).toLong(&isRight);
         } else if (words[i] == "--seed") {
             wishes.Seed = words.value(++i).toULongLong(&isRight);
+        } else if (words[i] == "--record") {
+            wishes.Record = words.value(++i).toStdString();
+        } else if (words[i] == "--look") {
+            wishes.Look = words.value(++i).toLong(&isRight);
+            isRight = isRight && wishes.Look > 0;
         } else if (words[i] == "--soak") {
             wishes.Soak = words.value(++i).toInt(&isRight);
         } else {
@@ -48,8 +58,14 @@ int Play(const Wishes& wishes) {
     std::printf("%ld actions, seed %llu\n", wishes.Actions, seed);
     std::fflush(stdout);
     RandomPlayer player(wishes.Seed, wishes.Tells);
+    std::ofstream record;
+    if (!wishes.Record.empty()) record.open(wishes.Record);
     for (long action = 1; action <= wishes.Actions; ++action) {
         player.Act();
+        if (record.is_open()) {
+            record << action << ' ' << RecordOf(player.Form(), action % wishes.Look == 0) << ' '
+                   << player.LastActions().back() << '\n';
+        }
         const std::string broken = player.Broken();
         if (broken.empty()) continue;
         std::printf("seed %llu, action %ld broke a promise: %s\nthe last actions:\n", seed, action,
@@ -103,7 +119,8 @@ int main(int argc, char** argv) {
     Wishes wishes;
     if (!ReadWishes(QApplication::arguments(), wishes)) {
         std::fprintf(stderr,
-                     "usage: panel_player [--actions N] [--seed S] [--tell] | --soak RUNS\n");
+                     "usage: panel_player [--actions N] [--seed S] [--tell] [--record FILE] "
+                     "[--look K] | --soak RUNS\n");
         return 2;
     }
     return wishes.Soak > 0 ? Soak(wishes.Soak) : Play(wishes);

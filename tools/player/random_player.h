@@ -26,6 +26,8 @@ public:
     // What the actions so far have broken; empty if nothing.
     std::string Broken();
 
+    frmTernlow& Form() { return panel_.Form(); }
+
     // The last actions, oldest first.
     const std::deque<std::string>& LastActions() const { return last_; }
 
