@@ -7,11 +7,11 @@
 #include <chrono>
 #include <string>
 
-#include "integration/strip_driver.h"
-#include "integration/tick_arrays.h"
-#include "integration/time_step.h"
-#include "model/experiment_state.h"
-#include "setup/grid.h"
+#include "core/model/experiment_state.h"
+#include "core/run/strip_driver.h"
+#include "core/run/tick_arrays.h"
+#include "core/run/time_step.h"
+#include "core/setup/grid.h"
 
 namespace {
 

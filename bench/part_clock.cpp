@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "integration/scheme_library.h"
+#include "core/run/scheme_library.h"
 
 struct Controls;
 struct ExperimentState;

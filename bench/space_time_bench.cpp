@@ -10,7 +10,7 @@
 #include <cmath>
 #include <vector>
 
-#include "display/space_time_raster.h"
+#include "core/picture/space_time_raster.h"
 
 namespace {
 

@@ -18,14 +18,14 @@
 #include <cmath>
 #include <string_view>
 
-#include "display/surface.h"
-#include "integration/metronome.h"
-#include "panel/look.h"
-#include "panel/main_window.h"
-#include "panel/tick_hold.h"
+#include "core/setup/set_up_text.h"
+#include "panel/dialogs/tick_hold.h"
+#include "panel/run/metronome.h"
+#include "panel/widgets/look.h"
+#include "panel/widgets/surface.h"
+#include "panel/window/main_window.h"
 #include "panel_driver.h"
 #include "part_clock.h"
-#include "setup/set_up_text.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "integration/axis_ranges.h"
+#include "core/run/axis_ranges.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "integration/boundary_zones.h"
+#include "core/run/boundary_zones.h"
 
 #include <gtest/gtest.h>
 

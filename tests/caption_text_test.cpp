@@ -1,12 +1,12 @@
-#include "display/caption_text.h"
+#include "core/picture/caption_text.h"
 
 #include <gtest/gtest.h>
 
-#include "integration/operation_meter.h"
-#include "integration/tick_arrays.h"
-#include "model/experiment_state.h"
-#include "setup/blast_waves.h"
-#include "setup/riemann_problem.h"
+#include "core/model/experiment_state.h"
+#include "core/run/operation_meter.h"
+#include "core/run/tick_arrays.h"
+#include "core/setup/blast_waves.h"
+#include "core/setup/riemann_problem.h"
 
 TEST(CaptionText, ReadsWordForWord) {
     const Moment now{"11/22/26", "9:41 PM"};

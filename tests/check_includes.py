@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds the rules of what may include what.
+"""Holds the rules of what may include what: the path of a file tells what it may touch.
 
     check_includes.py ROOT
 
@@ -10,51 +10,54 @@ import re
 import sys
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^">]+)[">]', re.MULTILINE)
-CONTROLS = "display/controls.h"
-FORM = "panel/main_window.h"
-SCHEMES = "schemes/"
+FORM = "panel/window/main_window.h"
+RECORD = "core/model/experiment_state.h"
 ENTRY_POINTS = "schemes/scheme_entry_points.h"
 
+# The folders of core, each above those before it.
+CORE = ["core/model", "core/run", "core/setup", "core/picture", "core/analysis"]
+# The libraries, and what each may include besides itself.
+BELOW = {
+    "schemes": [],
+    "core": [],
+    "loading": ["core"],
+    "panel": ["core", "loading"],
+    "lab": ["core", "loading", "panel"],
+    "batch": ["core", "loading"],
+    "web": ["core"],
+    "main.cpp": ["core", "loading", "panel", "lab"],
+}
+WITH_QT = ("panel", "lab", "main.cpp")
+MAY_CALL_SCHEMES = ("core/run", "loading", "web")
 
-def listed_sources(cmake_text, target):
-    """The sources of a target, one a line between its add_library and the bracket that ends it."""
-    body = re.search(r"add_library\(" + target + r" \w+\n(.*?)\)", cmake_text, re.DOTALL)
-    return [line.strip() for line in body.group(1).splitlines() if line.strip()]
+
+def library(name):
+    return name.split("/")[0]
+
+
+def folder(name):
+    return name.rpartition("/")[0]
 
 
 class Tree:
     def __init__(self, root):
-        self.source = root / "src"
         self.texts = {}
-        for folder in ("src", "tests", "bench", "tools"):
-            for path in sorted((root / folder).rglob("*")):
+        for top in ("src", "tests", "bench", "tools"):
+            for path in sorted((root / top).rglob("*")):
                 if path.suffix in (".h", ".cpp"):
-                    name = path.relative_to(self.source if folder == "src" else root)
+                    name = path.relative_to(root / "src" if top == "src" else root)
                     self.texts[name.as_posix()] = path.read_text(encoding="utf-8")
-        cmake_text = (self.source / "CMakeLists.txt").read_text(encoding="utf-8")
-        self.core = listed_sources(cmake_text, "core")
-        self.window = listed_sources(cmake_text, "window")
+        self.source = [n for n in self.texts if not n.startswith(("tests/", "bench/", "tools/"))]
+        self.cmake = "\n".join(p.read_text(encoding="utf-8")
+                               for p in (root / "src").rglob("CMakeLists.txt"))
         self.findings = []
 
     def includes(self, name):
         """The quoted headers by their whole names, wherever the compiler finds them."""
-        folder = name.rpartition("/")[0]
+        own = folder(name) + "/"
         files = [file for mark, file in INCLUDE.findall(self.texts[name]) if mark == '"']
-        return [next((place + file for place in ("", folder + "/", "tools/", "tests/")
+        return [next((place + file for place in ("", own, "tools/", "tests/")
                       if place + file in self.texts), file) for file in files]
-
-    def project_includes(self, name):
-        return [file for file in self.includes(name) if file in self.texts]
-
-    def reached(self, name):
-        """The project headers that a file takes in, directly or through others."""
-        seen, waiting = set(), [name]
-        while waiting:
-            for file in self.project_includes(waiting.pop()):
-                if file not in seen:
-                    seen.add(file)
-                    waiting.append(file)
-        return seen
 
     def report(self, name, what):
         self.findings.append(f"{name}: {what}")
@@ -67,70 +70,100 @@ def check_names_resolve(tree):
                 tree.report(name, f'no such project header: "{file}"')
 
 
-def check_core_is_free_of_qt(tree):
-    for source in tree.core:
-        for file in {source} | tree.reached(source):
-            for header in INCLUDE.findall(tree.texts[file]):
-                if re.match(r"Q(t|[A-Z])", header[1]):
-                    tree.report(source, f"is core, but takes in <{header[1]}> through {file}")
+def check_sources_are_listed(tree):
+    for name in tree.source:
+        if library(name) != "schemes" and name.endswith(".cpp") and name not in tree.cmake:
+            tree.report(name, "stands in no CMakeLists.txt")
 
 
-def check_core_includes_core(tree):
-    """A header with a source of its own belongs to the target of that source."""
-    window_headers = {source.replace(".cpp", ".h") for source in tree.window} | {CONTROLS}
-    for source in tree.core:
-        for header in sorted(window_headers & tree.reached(source)):
-            tree.report(source, f'is core, but takes in "{header}" of the window')
+def check_libraries(tree):
+    for name in tree.source:
+        for header in tree.includes(name):
+            mine, other = library(name), library(header)
+            if mine not in BELOW:
+                tree.report(name, "stands in no known library")
+            elif other == "schemes" and mine != "schemes":
+                if header != ENTRY_POINTS or not name.startswith(MAY_CALL_SCHEMES):
+                    tree.report(name, f'includes "{header}" of the schemes')
+            elif other != mine and other not in BELOW[mine]:
+                tree.report(name, f'includes "{header}" of a library that is not below')
+
+
+def check_order_in_core(tree):
+    for name in tree.source:
+        if library(name) != "core":
+            continue
+        for header in tree.includes(name):
+            if folder(header) in CORE and CORE.index(folder(header)) > CORE.index(folder(name)):
+                tree.report(name, f'includes "{header}" of a folder above')
+
+
+def check_qt(tree):
+    for name in tree.source:
+        if name.startswith(WITH_QT):
+            continue
+        for mark, header in INCLUDE.findall(tree.texts[name]):
+            if mark == "<" and re.match(r"Q(t|[A-Z])", header):
+                tree.report(name, f"takes in <{header}>")
+
+
+def check_widgets(tree):
+    """Widgets know the toolkit, not the experiment."""
+    for name in tree.source:
+        if folder(name) == "panel/widgets":
+            for header in tree.includes(name):
+                if header == RECORD or (library(header) == "panel" and
+                                        folder(header) != "panel/widgets"):
+                    tree.report(name, f'a widget includes "{header}"')
 
 
 def check_form(tree):
-    for name in tree.texts:
-        own = name in ("panel/main_window.cpp", "model/main.cpp", "model/start_up.cpp")
-        outside = name.startswith(("tests/", "tools/", "bench/"))
-        if FORM in tree.includes(name) and not own and not outside:
-            tree.report(name, f'"{FORM}" is for start-up, main, tests, tools and benchmarks only')
+    for name in tree.source:
+        own = name == "main.cpp" or folder(name) in ("panel/window", "lab")
+        if FORM in tree.includes(name) and not own:
+            tree.report(name, f'"{FORM}" is for the window itself and main only')
 
 
-def check_schemes_stand_alone(tree):
-    for name in tree.texts:
-        if not name.startswith(SCHEMES):
-            continue
-        for header in tree.includes(name):
-            if not header.startswith(SCHEMES):
-                tree.report(name, f'a scheme includes "{header}" of another folder')
+def cycle_in(graph):
+    """The nodes of one cycle, or nothing."""
+    done = set()
 
+    def walk(node, path):
+        if node in path:
+            return path[path.index(node):] + [node]
+        if node in done:
+            return None
+        for other in sorted(graph.get(node, ())):
+            found = walk(other, path + [node])
+            if found:
+                return found
+        done.add(node)
+        return None
 
-def check_scheme_headers_stay_inside(tree):
-    """The road to the libraries alone knows them, and only by their entry points."""
-    for name in tree.texts:
-        if name.startswith((SCHEMES, "tests/", "bench/", "tools/")):
-            continue
-        for header in tree.includes(name):
-            known = header == ENTRY_POINTS and name.startswith("integration/")
-            if header.startswith(SCHEMES) and not known:
-                tree.report(name, f'includes "{header}" of the schemes')
+    for start in sorted(graph):
+        found = walk(start, [])
+        if found:
+            return found
+    return None
 
 
 def check_no_cycle(tree):
-    for name in tree.texts:
-        if name in tree.reached(name):
-            tree.report(name, "takes itself in")
-
-
-def check_listed_sources_exist(tree):
-    for source in tree.core + tree.window:
-        if source not in tree.texts:
-            tree.report("CMakeLists.txt", f"no such source: {source}")
+    files = {name: {h for h in tree.includes(name) if h in tree.texts} for name in tree.texts}
+    folders = {}
+    for name in tree.source:
+        others = {folder(h) for h in files[name]} - {folder(name)}
+        folders.setdefault(folder(name), set()).update(others)
+    for graph in (files, folders):
+        found = cycle_in(graph)
+        if found:
+            tree.report(found[0], "a cycle: " + " -> ".join(found))
 
 
 def main():
     tree = Tree(pathlib.Path(sys.argv[1]))
-    check_listed_sources_exist(tree)
-    if not tree.findings:
-        for check in (check_names_resolve, check_core_is_free_of_qt, check_core_includes_core,
-                      check_form, check_schemes_stand_alone, check_scheme_headers_stay_inside,
-                      check_no_cycle):
-            check(tree)
+    for check in (check_names_resolve, check_sources_are_listed, check_libraries,
+                  check_order_in_core, check_qt, check_widgets, check_form, check_no_cycle):
+        check(tree)
     for finding in tree.findings:
         print(finding)
     return 1 if tree.findings else 0

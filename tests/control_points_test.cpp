@@ -1,12 +1,12 @@
-#include "setup/control_points.h"
+#include "core/setup/control_points.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <vector>
 
+#include "core/setup/point_mapping.h"
 #include "problems.h"
-#include "setup/point_mapping.h"
 
 namespace {
 

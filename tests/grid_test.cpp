@@ -1,12 +1,12 @@
-#include "setup/grid.h"
+#include "core/setup/grid.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "core/setup/riemann_problem.h"
+#include "core/setup/smoke.h"
 #include "problems.h"
-#include "setup/riemann_problem.h"
-#include "setup/smoke.h"
 
 TEST(AllocateArrays, SizesEverythingAndBuildsTheEdgesByRepeatedAddition) {
     // clang-format off

@@ -1,7 +1,7 @@
 // Stored states, picked cells and the space-time picture, worked through the widgets.
 #include <vector>
 
-#include "display/space_time_view.h"
+#include "panel/picture/space_time_view.h"
 #include "panel_test.h"
 
 namespace {

@@ -13,9 +13,9 @@
 #include <functional>
 #include <vector>
 
+#include "core/setup/control_points.h"
+#include "core/setup/set_up_text.h"
 #include "panel_test.h"
-#include "setup/control_points.h"
-#include "setup/set_up_text.h"
 
 namespace {
 

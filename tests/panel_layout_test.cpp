@@ -12,13 +12,13 @@
 #include <map>
 #include <set>
 
-#include "display/control_values.h"
-#include "display/surface.h"
-#include "panel/caption_drawing.h"
-#include "panel/common_dialog.h"
-#include "panel/main_window.h"
-#include "panel/pictures.h"
-#include "panel/screen_fit.h"
+#include "panel/dialogs/common_dialog.h"
+#include "panel/widgets/caption_drawing.h"
+#include "panel/widgets/control_values.h"
+#include "panel/widgets/pictures.h"
+#include "panel/widgets/surface.h"
+#include "panel/window/main_window.h"
+#include "panel/window/screen_fit.h"
 #include "pixels.h"
 
 namespace {

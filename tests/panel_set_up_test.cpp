@@ -4,7 +4,7 @@
 #include <deque>
 #include <functional>
 
-#include "display/line_plots.h"
+#include "panel/plots/line_plots.h"
 #include "panel_test.h"
 #include "pixels.h"
 

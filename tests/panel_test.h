@@ -12,8 +12,8 @@
 #include <deque>
 #include <vector>
 
-#include "display/surface.h"
-#include "panel/main_window.h"
+#include "panel/widgets/surface.h"
+#include "panel/window/main_window.h"
 #include "panel_driver.h"
 #include "panel_promises.h"
 

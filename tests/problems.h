@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "model/experiment_state.h"
-#include "setup/grid.h"
+#include "core/model/experiment_state.h"
+#include "core/setup/grid.h"
 
 // n cells on 0 to 1 with arrays for `plots` stored states; a smooth flow without symmetry in every
 // field of cells 0..n+1.

@@ -1,4 +1,4 @@
-#include "panel/prompt.h"
+#include "panel/dialogs/prompt.h"
 
 #include <gtest/gtest.h>
 
@@ -13,9 +13,9 @@
 #include <QTest>
 #include <QTimer>
 
-#include "panel/common_dialog.h"
-#include "panel/main_window.h"
-#include "panel/tick_hold.h"
+#include "panel/dialogs/common_dialog.h"
+#include "panel/dialogs/tick_hold.h"
+#include "panel/window/main_window.h"
 
 namespace {
 

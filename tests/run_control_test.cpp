@@ -1,4 +1,4 @@
-#include "panel/run_control.h"
+#include "panel/run/run_control.h"
 
 #include <QRegularExpression>
 #include <cmath>
@@ -6,10 +6,10 @@
 #include <memory>
 #include <vector>
 
-#include "integration/metronome.h"
-#include "integration/state_store.h"
+#include "core/run/state_store.h"
+#include "core/setup/riemann_problem.h"
+#include "panel/run/metronome.h"
 #include "panel_test.h"
-#include "setup/riemann_problem.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "setup/set_up_text.h"
+#include "core/setup/set_up_text.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "model/experiment_state.h"
-#include "setup/blast_waves.h"
-#include "setup/grid.h"
+#include "core/model/experiment_state.h"
+#include "core/setup/blast_waves.h"
+#include "core/setup/grid.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -1,4 +1,4 @@
-#include "setup/sound_wave.h"
+#include "core/setup/sound_wave.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "display/space_time_raster.h"
+#include "core/picture/space_time_raster.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "integration/state_store.h"
+#include "core/run/state_store.h"
 
 #include <gtest/gtest.h>
 

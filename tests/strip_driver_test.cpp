@@ -1,12 +1,12 @@
-#include "integration/strip_driver.h"
+#include "core/run/strip_driver.h"
 
 #include <gtest/gtest.h>
 
 #include <tuple>
 #include <vector>
 
-#include "integration/boundary_zones.h"
-#include "integration/tick_arrays.h"
+#include "core/run/boundary_zones.h"
+#include "core/run/tick_arrays.h"
 #include "problems.h"
 
 namespace {

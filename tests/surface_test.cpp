@@ -1,4 +1,4 @@
-#include "display/surface.h"
+#include "panel/widgets/surface.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "integration/time_step.h"
+#include "core/run/time_step.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <tuple>
 
-#include "integration/tick_arrays.h"
+#include "core/run/tick_arrays.h"
 #include "problems.h"
 
 namespace {

@@ -12,10 +12,10 @@
 #include <string>
 #include <vector>
 
-#include "display/control_values.h"
-#include "panel/choice_list.h"
-#include "panel/frame_pacer.h"
-#include "panel/panel_scroll_bar.h"
+#include "panel/widgets/choice_list.h"
+#include "panel/widgets/control_values.h"
+#include "panel/widgets/frame_pacer.h"
+#include "panel/widgets/panel_scroll_bar.h"
 #include "pixels.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <clocale>
 
-#include "panel/look.h"
+#include "panel/widgets/look.h"
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

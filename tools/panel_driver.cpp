@@ -9,9 +9,9 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "integration/metronome.h"
-#include "model/start_up.h"
-#include "panel/main_window.h"
+#include "panel/run/metronome.h"
+#include "panel/window/main_window.h"
+#include "panel/window/start_up.h"
 
 BoxAnswers::BoxAnswers(std::deque<Answer> answers) : answers_(std::move(answers)) {
     connect(&poll_, &QTimer::timeout, this, [this] { AnswerOpenBox(); });

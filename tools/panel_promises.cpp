@@ -9,7 +9,7 @@
 #include <cmath>
 #include <sstream>
 
-#include "panel/main_window.h"
+#include "panel/window/main_window.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "model/experiment_state.h"
-#include "setup/set_up_text.h"
+#include "core/model/experiment_state.h"
+#include "core/setup/set_up_text.h"
 
 namespace {
 

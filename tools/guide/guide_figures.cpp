@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
+#include "core/setup/riemann_problem.h"
 #include "guide/guide_problems.h"
-#include "panel/look.h"
-#include "panel/main_window.h"
-#include "setup/riemann_problem.h"
+#include "panel/widgets/look.h"
+#include "panel/window/main_window.h"
 #include "verify/exact_riemann.h"
 
 namespace {

@@ -2,9 +2,9 @@
 
 #include <QFile>
 
-#include "display/control_values.h"
-#include "model/experiment_state.h"
-#include "panel/main_window.h"
+#include "core/model/experiment_state.h"
+#include "panel/widgets/control_values.h"
+#include "panel/window/main_window.h"
 
 const std::vector<GuideSetUp>& GuideSetUps() {
     static const std::vector<GuideSetUp> setUps = {

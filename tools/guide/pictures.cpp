@@ -10,11 +10,11 @@
 #include <cstdio>
 #include <cstring>
 
-#include "display/surface.h"
 #include "guide/guide_problems.h"
 #include "guide/small_picture.h"
-#include "panel/look.h"
-#include "panel/main_window.h"
+#include "panel/widgets/look.h"
+#include "panel/widgets/surface.h"
+#include "panel/window/main_window.h"
 
 namespace {
 

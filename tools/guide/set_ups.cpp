@@ -7,7 +7,7 @@
 #include <cstdio>
 
 #include "guide/guide_problems.h"
-#include "panel/look.h"
+#include "panel/widgets/look.h"
 
 namespace {
 

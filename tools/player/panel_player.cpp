@@ -14,8 +14,8 @@
 #include <cstdio>
 #include <fstream>
 
-#include "panel/look.h"
-#include "panel/main_window.h"
+#include "panel/widgets/look.h"
+#include "panel/window/main_window.h"
 #include "panel_record.h"
 #include "random_player.h"
 

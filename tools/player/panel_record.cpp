@@ -14,8 +14,8 @@
 #include <cstring>
 #include <type_traits>
 
-#include "display/surface.h"
-#include "panel/main_window.h"
+#include "panel/widgets/surface.h"
+#include "panel/window/main_window.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "display/surface.h"
-#include "integration/strip_driver.h"
-#include "integration/time_step.h"
-#include "panel/main_window.h"
+#include "core/run/strip_driver.h"
+#include "core/run/time_step.h"
+#include "panel/widgets/surface.h"
+#include "panel/window/main_window.h"
 #include "panel_promises.h"
 
 RandomPlayer::RandomPlayer(std::uint64_t seed, bool tells)

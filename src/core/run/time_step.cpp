@@ -1,0 +1,104 @@
+#include "core/run/time_step.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cmath>
+#include <string>
+#include <utility>
+
+#include "core/model/experiment_state.h"
+#include "core/model/number_text.h"
+#include "core/run/boundary_zones.h"
+#include "core/run/operation_meter.h"
+#include "core/run/strip_driver.h"
+#include "core/run/tick_arrays.h"
+
+namespace {
+
+// 0.9^300 is 2e-14: a scheme that still reports 1 or more then is not going to stop.
+constexpr int MostAttempts = 300;
+
+// Cell updates of a tick that comes back to the user in a fraction of a second; who has turned the
+// meter on waits longer. Only a weak sound wave would take more: without the meter none whose step
+// is near what its sound speed allows.
+constexpr int MostCellUpdates = 6'500'000;
+constexpr int MostMeteredUpdates = 25'000'000;
+
+std::string NoStep(const ExperimentState& state) {
+    return "the scheme " + state.SchemeName + " can take no step from this state: ";
+}
+
+// True once an attempt has come in under the Courant gate. Every failed one shortens the step; if
+// all fail, tick.Refusal says how.
+bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
+    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+        tick.StepDT = state.DTime;
+        tick.StepCourant = 0.0;
+        FillBoundaryZones(state);
+        AdvanceAllStrips(state, tick);
+        if (state.MeterOn > 0) CountOperations(state, tick);
+        if (std::isnan(tick.StepCourant)) {
+            tick.Refusal = NoStep(state) + "its Courant number is not a number";
+            return false;
+        }
+        if (tick.StepCourant < 1.0) return true;
+        state.DTime *= 0.9;
+    }
+    tick.Refusal = NoStep(state) + "its Courant number stays at 1 or more, however short the step";
+    return false;
+}
+
+}  // namespace
+
+int StepsOfTick(const ExperimentState& state) {
+    constexpr double weakWaveDensity = 1.08;
+    int steps = state.NGridCells / 30;
+    if (state.SoundWaveMode == 1 && state.RhoMax < weakWaveDensity) {
+        steps = RoundToEven(0.1 / state.DTime);
+    }
+    const int updates = state.MeterOn > 0 ? MostMeteredUpdates : MostCellUpdates;
+    return std::clamp(steps, 1, updates / (state.NGridCells * CallsPerStrip(state)));
+}
+
+void AcceptStep(ExperimentState& state, TickArrays& tick) {
+    assert(tick.RhoOut.Last() == state.Rho.Last() && state.UyNew.Last() == state.Uy.Last());
+    std::swap(state.Rho, tick.RhoOut);
+    std::swap(state.P, tick.POut);
+    std::swap(state.Ux, tick.UxOut);
+    std::swap(state.Uy, state.UyNew);
+    std::swap(state.FSmoke, state.FSmokeNew);
+    if (!tick.Library.CarriesSmoke() && !tick.SmokeIsGone) {
+        std::fill_n(state.FSmokeNew.At(1), state.NGridCells, 0.0);
+        tick.SmokeIsGone = true;
+    }
+}
+
+void ControlTimeStep(ExperimentState& state, double stepCourant) {
+    if (state.CourantNumber * 0.9 > stepCourant) {
+        state.DTime = std::min(state.DTime * 1.025, state.PlotInterval);
+    } else if (stepCourant > state.CourantNumber) {
+        state.DTime = (state.CourantNumber / stepCourant) * state.DTime;
+    }
+}
+
+bool TakeTimeStep(ExperimentState& state, TickArrays& tick) {
+    if (!tick.Library.IsLoaded()) {
+        tick.Refusal = tick.Library.Trouble;
+        return false;
+    }
+    const double stepBefore = state.DTime;
+    bool mayAccept = PassCourantGate(state, tick);
+    if (mayAccept && !tick.ResultsAreFinite) {
+        tick.Refusal = NoStep(state) + "it left a cell without a finite result";
+        mayAccept = false;
+    }
+    if (!mayAccept) {
+        state.DTime = stepBefore;
+        return false;
+    }
+    AcceptStep(state, tick);
+    state.Time += state.DTime;
+    state.TimeToPlot -= state.DTime;
+    ControlTimeStep(state, tick.StepCourant);
+    return true;
+}

@@ -1,0 +1,63 @@
+#include "panel/dialogs/common_dialog.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include "panel/dialogs/tick_hold.h"
+
+namespace {
+
+// The toolkit reads the last brackets of a filter as its patterns and keeps them from the user.
+// "*.*" would hide files without a dot.
+QStringList NameFilters(const QString& filter) {
+    const QStringList parts = filter.split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == "*.*" ? QString("*") : parts[i + 1];
+        filters.append(parts[i] + " (" + pattern + ")");
+    }
+    return filters;
+}
+
+// The ending that a filter asks for: "txt" for "*.txt", none for all files.
+QString EndingOf(const QString& filter, int index) {
+    const QString pattern = filter.split('|').value(2 * index - 1);
+    return pattern.startsWith("*.") && pattern != "*.*" ? pattern.mid(2) : QString();
+}
+
+}  // namespace
+
+CommonDialog::CommonDialog(Controls& controls, QWidget* window)
+    : QObject(window), controls_(controls), window_(window) {}
+
+void CommonDialog::Open() {
+    QFileDialog box(window_, "Open");
+    box.setAcceptMode(QFileDialog::AcceptOpen);
+    box.setFileMode(QFileDialog::ExistingFile);
+    Run(box);
+}
+
+void CommonDialog::Save() {
+    QFileDialog box(window_, "Save As");
+    box.setAcceptMode(QFileDialog::AcceptSave);
+    box.setFileMode(QFileDialog::AnyFile);
+    box.setDefaultSuffix(EndingOf(Filter, FilterIndex));
+    QObject::connect(&box, &QFileDialog::filterSelected, this, [this, &box](const QString& chosen) {
+        const int index = static_cast<int>(box.nameFilters().indexOf(chosen)) + 1;
+        box.setDefaultSuffix(EndingOf(Filter, index));
+    });
+    Run(box);
+}
+
+void CommonDialog::Run(QFileDialog& box) {
+    const TickHold hold(controls_);
+    box.setOption(QFileDialog::DontUseNativeDialog);
+    box.setOption(QFileDialog::HideNameFilterDetails);
+    box.setNameFilters(NameFilters(Filter));
+    box.selectNameFilter(box.nameFilters().value(FilterIndex - 1));
+    if (!folder_.isEmpty()) box.setDirectory(folder_);
+    FileName.clear();
+    if (box.exec() != QDialog::Accepted) return;
+    FileName = box.selectedFiles().value(0);
+    folder_ = QFileInfo(FileName).absolutePath();
+}

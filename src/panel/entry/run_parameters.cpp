@@ -1,0 +1,76 @@
+#include "panel/entry/run_parameters.h"
+
+#include <QTimer>
+#include <algorithm>
+#include <optional>
+
+#include "core/model/experiment_state.h"
+#include "core/model/limits.h"
+#include "core/model/number_text.h"
+#include "core/model/run_stage.h"
+#include "core/run/state_store.h"
+#include "panel/controls.h"
+#include "panel/plots/experiment_caption.h"
+#include "panel/widgets/control_values.h"
+
+namespace {
+
+std::optional<double> PositiveNumberIn(const QLineEdit* box) {
+    const std::optional<double> number = ReadNumber(TextOf(box));
+    if (!number || *number <= 0.0) return std::nullopt;
+    return number;
+}
+
+// The store follows the number of plots; what is stored stays.
+void FollowNumberOfPlots(ExperimentState& state) {
+    SetNPlotsTotal(state);
+    ResizeStore(state);
+}
+
+}  // namespace
+
+void txtCourantNumber_Change(ExperimentState& state, Controls& controls) {
+    if (state.Stopped == 0) {
+        PutText(controls.txtCourantNumber, GeneralNumber(state.CourantNumber));
+        return;
+    }
+    const std::optional<double> number = ReadNumber(TextOf(controls.txtCourantNumber));
+    if (!number || *number < SmallestCourantNumber || *number >= 1.0) return;
+    state.CourantNumber = *number;
+}
+
+void txtMSec_Change(ExperimentState& state, Controls& controls) {
+    const std::optional<double> number = PositiveNumberIn(controls.txtMSec);
+    if (!number) return;
+    state.MSec = std::clamp(RoundToEven(*number), state.MSecMin, state.MSecMax);
+    if (*number != state.MSec) PutText(controls.txtMSec, FormatNumber(state.MSec, "###0"));
+    controls.tmrMetronome->setInterval(state.MSec);
+}
+
+void txtNPeriods_Change(ExperimentState& state, Controls& controls) {
+    if (!IsBeforeRun(state)) {
+        PutText(controls.txtNPeriods, GeneralNumber(state.Periods));
+        return;
+    }
+    const std::optional<double> number = PositiveNumberIn(controls.txtNPeriods);
+    if (!number || *number > LargestValue) return;
+    state.Periods = *number;
+    state.TStop = state.Periods * state.PeriodTime;
+    FollowNumberOfPlots(state);
+    ComposeExperimentCaption(state, controls);
+}
+
+void txtNPlotsPerPeriod_Change(ExperimentState& state, Controls& controls) {
+    if (!IsBeforeRun(state)) {
+        PutText(controls.txtNPlotsPerPeriod, GeneralNumber(state.NPlotsPerPeriod));
+        return;
+    }
+    const std::optional<double> number = PositiveNumberIn(controls.txtNPlotsPerPeriod);
+    // Less than half a plot would leave no plot interval at all.
+    if (!number || RoundToEven(*number) < 1) return;
+    state.NPlotsPerPeriod = RoundToEven(*number);
+    FollowNumberOfPlots(state);
+    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
+    state.TimeToPlot = state.PlotInterval;
+    state.DTime = std::min(state.DTime, state.PlotInterval);
+}

@@ -1,0 +1,127 @@
+#include "panel/problems/sound_wave_button.h"
+
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "core/model/boundary_types.h"
+#include "core/model/experiment_state.h"
+#include "core/model/limits.h"
+#include "core/model/number_text.h"
+#include "core/model/run_stage.h"
+#include "core/setup/sound_wave.h"
+#include "panel/controls.h"
+#include "panel/dialogs/prompt.h"
+#include "panel/plots/experiment_caption.h"
+#include "panel/plots/line_plots.h"
+#include "panel/problems/point_buttons.h"
+#include "panel/widgets/control_values.h"
+#include "panel/widgets/surface.h"
+
+namespace {
+
+// What a press writes before it is known whether the waves are possible.
+struct SoundWaveSettings {
+    explicit SoundWaveSettings(const ExperimentState& state)
+        : Mode(state.SoundWaveMode),
+          MnBdry(state.MnBdry),
+          MxBdry(state.MxBdry),
+          Amplitudes{state.RPlusAmp, state.RMinusAmp, state.R0Amp},
+          Frequencies{state.RPlusFreq, state.RMinusFreq, state.R0Freq},
+          U0(state.U0) {}
+
+    void PutBack(ExperimentState& state) const {
+        state.SoundWaveMode = Mode;
+        state.MnBdry = MnBdry;
+        state.MxBdry = MxBdry;
+        state.RPlusAmp = Amplitudes[0];
+        state.RMinusAmp = Amplitudes[1];
+        state.R0Amp = Amplitudes[2];
+        state.RPlusFreq = Frequencies[0];
+        state.RMinusFreq = Frequencies[1];
+        state.R0Freq = Frequencies[2];
+        state.U0 = U0;
+    }
+
+    int Mode, MnBdry, MxBdry;
+    double Amplitudes[3];
+    int Frequencies[3];
+    double U0;
+};
+
+void AskNumber(Controls& controls, const std::string& message, const std::string& title,
+               double& value) {
+    const auto answer = ReadNumber(Prompt(controls, message, title, GeneralNumber(value)));
+    if (answer && std::abs(*answer) <= LargestValue) value = *answer;
+}
+
+void AskAmplitude(Controls& controls, const std::string& wave, double& value) {
+    AskNumber(controls, "Type the amplitude of the " + wave + " Riemann invariant",
+              "Get " + wave + " Amplitude", value);
+}
+
+void AskFrequency(Controls& controls, const std::string& wave, int& value) {
+    const std::string message = "Type the frequency of the " + wave +
+                                " Riemann invariant  (1 = fundamental,  2 = first harmonic, etc.):";
+    const auto answer =
+        ReadNumber(Prompt(controls, message, "Get " + wave + " Frequency", GeneralNumber(value)));
+    if (answer && RoundToEven(*answer) >= 1) value = RoundToEven(*answer);
+}
+
+void AskForWaves(ExperimentState& state, Controls& controls) {
+    AskAmplitude(controls, "R+", state.RPlusAmp);
+    AskFrequency(controls, "R+", state.RPlusFreq);
+    AskAmplitude(controls, "R-", state.RMinusAmp);
+    AskFrequency(controls, "R-", state.RMinusFreq);
+    AskAmplitude(controls, "R0", state.R0Amp);
+    AskFrequency(controls, "R0", state.R0Freq);
+    AskNumber(controls, "Type the average velocity", "Get U0 Value", state.U0);
+}
+
+struct PlotCaptions {
+    std::string Density, Pressure, Velocity;
+};
+
+// The plots are spoken of by their captions.
+void PutPlotCaption(QLabel* label, Surface* plot, const std::string& caption) {
+    PutCaption(label, caption);
+    plot->setAccessibleName(QString::fromStdString(caption + " plot").simplified());
+}
+
+void PutPlotCaptions(Controls& controls, const PlotCaptions& captions) {
+    PutPlotCaption(controls.lblDensityPlot, controls.pctDensityPlot, captions.Density);
+    PutPlotCaption(controls.lblPressurePlot, controls.pctPressurePlot, captions.Pressure);
+    PutPlotCaption(controls.lblVelocityPlot, controls.pctVelocityPlot, captions.Velocity);
+}
+
+}  // namespace
+
+void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
+    if (!IsBeforeRun(state)) return;
+    const SoundWaveSettings former(state);
+    const PlotCaptions formerCaptions{CaptionOf(controls.lblDensityPlot),
+                                      CaptionOf(controls.lblPressurePlot),
+                                      CaptionOf(controls.lblVelocityPlot)};
+    state.SoundWaveMode = 1;
+    state.MnBdry = PeriodicBoundary;
+    state.MxBdry = PeriodicBoundary;
+    PutPlotCaptions(controls,
+                    {"R+  Riemann Invariant", "P / (Rho^Gamma)", "R-  Riemann Invariant"});
+    AskForWaves(state, controls);
+    if (!IntegrateSoundWave(state)) {
+        former.PutBack(state);
+        PutPlotCaptions(controls, formerCaptions);
+        return;
+    }
+    ComposeSoundWaveCaption(state, controls);
+    cmdReset_Click(state, controls);
+    InitSoundWave(state, controls);
+}
+
+void InitSoundWave(ExperimentState& state, Controls& controls) {
+    if (state.SoundWaveMode == 0) return;
+    // A grid that is too coarse for the waves, perhaps on the way to a finer one, shows none.
+    const std::optional<SoundWaveFields> wave = IntegrateSoundWave(state);
+    TakeSoundWave(state, wave ? *wave : QuietBackground(state));
+    ClearAndPaintPlots(state, controls);
+}
