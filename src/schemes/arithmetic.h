@@ -8,32 +8,35 @@
 #include <limits>
 
 template <typename Float>
-inline Float Choose(bool condition, Float a, Float b) {
+inline Float Select(bool condition, Float a, Float b) {
     return condition ? a : b;
 }
 template <typename Float>
-inline Float Least(Float a, Float b) {
+inline Float Min(Float a, Float b) {
     return a < b ? a : b;
 }
 template <typename Float>
-inline Float Most(Float a, Float b) {
+inline Float Max(Float a, Float b) {
     return a > b ? a : b;
 }
 template <typename Float>
-inline Float Size(Float a) {
+inline Float Clamp(Float low, Float a, Float high) {
+    return Min(Max(a, low), high);
+}
+template <typename Float>
+inline Float Abs(Float a) {
     return std::abs(a);
 }
 template <typename Float>
-inline Float Root(Float a) {
+inline Float Sqrt(Float a) {
     return std::sqrt(a);
 }
-// The size of a with the sign of b.
+// The magnitude of a with the sign of b.
 template <typename Float>
-inline Float Signed(Float a, Float b) {
+inline Float CopySign(Float a, Float b) {
     return std::copysign(a, b);
 }
-// a for b above or equal to 0, else -a: the sign of b on top of a's own. Unlike a product, it never
-// makes a subnormal number.
+// a, negated if b's sign bit is set. Unlike a product it never makes a subnormal number.
 inline double Along(double a, double b) {
     constexpr std::uint64_t signBit = std::uint64_t{1} << 63;
     return std::bit_cast<double>(std::bit_cast<std::uint64_t>(a) ^
@@ -44,22 +47,21 @@ inline float Along(float a, float b) {
     return std::bit_cast<float>(std::bit_cast<std::uint32_t>(a) ^
                                 (std::bit_cast<std::uint32_t>(b) & signBit));
 }
-template <typename Float>
-inline Float Between(Float low, Float a, Float high) {
-    return Least(Most(a, low), high);
-}
-// Numbers that values are held against by Least, Most and Between. They are defined in a file of
-// their own (bounds.cpp), so that no kernel's compiler knows them: where GCC 12 knows one side of a
-// minimum or maximum it makes two to five instructions of what is one.
-template <typename Float>
-struct Bound {
-    static const Float Zero;
-    static const Float One;
-    static const Float Tiny;  // far below every density, pressure and speed, yet a normal number
-    static const Float LargestFinite;
 
-    // Any other number, no better known after its product with one.
-    static Float Of(Float number) { return number * One; }
-};
-extern template struct Bound<float>;
-extern template struct Bound<double>;
+// A number as a value that the compiler does not know. GCC 12 makes two to five instructions of a
+// minimum or maximum with a constant and one of a minimum or maximum with a variable, so constant
+// arguments of Min, Max and Clamp go through this function.
+extern const float OpaqueOneSingle;  // both are 1, defined in opaque.cpp
+extern const double OpaqueOneDouble;
+inline float Opaque(float number) {
+    return number * OpaqueOneSingle;
+}
+inline double Opaque(double number) {
+    return number * OpaqueOneDouble;
+}
+
+// Far below every density, pressure and speed, yet a normal number.
+template <typename Float>
+constexpr Float Tiny = Float(1e-30);
+template <typename Float>
+constexpr Float LargestFinite = std::numeric_limits<Float>::max();

@@ -58,14 +58,14 @@ template <typename Float>
 [[gnu::always_inline]] inline Float TraceCarried(const Float* a, const CellRows<Float>& cells,
                                                  const CarriedRows<Float>& rows, Float mass,
                                                  int i) {
-    const Float zero = Bound<Float>::Zero;
-    const Float one = Bound<Float>::One;
-    const Float shareL = Between(zero, mass * cells.StepPerMass[i - 1], one);
-    const Float shareR = Between(zero, -mass * cells.StepPerMass[i], one);
+    const Float zero = Opaque(Float(0));
+    const Float one = Opaque(Float(1));
+    const Float shareL = Clamp(zero, mass * cells.StepPerMass[i - 1], one);
+    const Float shareR = Clamp(zero, -mass * cells.StepPerMass[i], one);
     const Float fromLeft =
         a[i - 1] + RightPart(rows.Shape.FromLeft[i - 1], rows.Shape.ToRight[i - 1], shareL);
     const Float fromRight = a[i] + LeftPart(rows.Shape.FromLeft[i], rows.Shape.ToRight[i], shareR);
-    return Choose(mass > Float(0), fromLeft, fromRight);
+    return Select(mass > Float(0), fromLeft, fromRight);
 }
 
 // The same, given that value, for an upstream cell that may hold a jump.
@@ -82,12 +82,12 @@ template <typename Float>
     const Float perMassL = cells.StepPerMass[i - 1];
     const Float perMassR = cells.StepPerMass[i];
     const bool fromLeft = mass > Float(0);
-    const Float far = Choose(fromLeft, l2, r2);
-    const Float here = Choose(fromLeft, l1, r1);
-    const Float near = Choose(fromLeft, r1, l1);
-    const Float excess = Choose(fromLeft, excessL, excessR);
-    const Float jump = excess / Most(Size((here - far) + (near - here)), Bound<Float>::Tiny);
-    const Float share = Least(Size(mass) * Choose(fromLeft, perMassL, perMassR), Bound<Float>::One);
+    const Float far = Select(fromLeft, l2, r2);
+    const Float here = Select(fromLeft, l1, r1);
+    const Float near = Select(fromLeft, r1, l1);
+    const Float excess = Select(fromLeft, excessL, excessR);
+    const Float jump = excess / Max(Abs((here - far) + (near - here)), Opaque(Tiny<Float>));
+    const Float share = Min(Abs(mass) * Select(fromLeft, perMassL, perMassR), Opaque(Float(1)));
     return traced + jump * (here + PartOfJump(far, here, near, share) - traced);
 }
 
@@ -100,7 +100,7 @@ int CarryThroughEdges(const Float* a, const CellRows<Float>& cells, const EdgeFl
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const int end = chunk + CellsAtOnce;
         const auto touchesJump = [&](int i) {
-            return Most(rows.JumpExcess[i - 1], rows.JumpExcess[i]) > Float(0);
+            return Max(rows.JumpExcess[i - 1], rows.JumpExcess[i]) > Float(0);
         };
         if (SteepensJumps && AnyInChunk<Float>(chunk, touchesJump)) {
             jumping += CellsAtOnce;

@@ -22,7 +22,7 @@ Float CourantNumber(const CellRows<Float>& cells, int n) {
 #pragma omp simd reduction(max : largest)
     for (int i = 1; i <= n; ++i) {
         const Float courant = cells.Signal[i] * cells.StepPerWidth[i];
-        largest = Most(largest, Least(courant, Bound<Float>::LargestFinite));
+        largest = Max(largest, Min(courant, Opaque(LargestFinite<Float>)));
     }
     return largest;
 }
@@ -34,7 +34,7 @@ Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, CellRow
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float width = strip.Edges[i + 1] - strip.Edges[i];
-        const Float z = Root(gamma * (strip.Rho[i] * strip.P[i]));
+        const Float z = Sqrt(gamma * (strip.Rho[i] * strip.P[i]));
         const Float perBoth = Float(1) / (width * z);
         const Float perZ = perBoth * width;
         const Float ratio = timeStep * (perBoth * z);
@@ -42,7 +42,7 @@ Float PrepareCells(StripState<Float> strip, Float timeStep, Float gamma, CellRow
         cells.StepPerWidth[i] = ratio;
         cells.StepPerMass[i] = ratio * (c * perZ);
         cells.SoundSpeed[i] = c;
-        cells.Signal[i] = Size(strip.Ux[i]) + c;
+        cells.Signal[i] = Abs(strip.Ux[i]) + c;
         cells.Impedance[i] = z;
         cells.PerImpedance[i] = perZ;
     }

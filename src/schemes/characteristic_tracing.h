@@ -101,7 +101,7 @@ template <bool KnownSubsonic, typename Float>
                                              const CharacteristicParabolas<Float>& parabolas,
                                              EdgeStates<Float>& states, int i) {
     const Float half = Float(0.5);
-    const Float zero = Bound<Float>::Zero;
+    const Float zero = Opaque(Float(0));
     const Float rho = strip.Rho[i];
     const Float p = strip.P[i];
     const Float u = strip.Ux[i];
@@ -121,25 +121,24 @@ template <bool KnownSubsonic, typename Float>
     // More where the gas expands by a good part of the sound speed from cell to cell: that draws
     // the ends of strong rarefactions together again, which the first steps have rounded.
     const Float expansion = Float(20) * (riseU * perC);
-    const Float back = Between(Bound<Float>::Of(Float(0.75)), expansion + Float(0.75),
-                               Bound<Float>::Of(Float(1.5)));
+    const Float back = Clamp(Opaque(Float(0.75)), expansion + Float(0.75), Opaque(Float(1.5)));
 
     const SweptShares<Float> plus(u + c, riseU + riseC, ratio, back);
     const SweptShares<Float> minus(u - c, riseU - riseC, ratio, back);
-    const SweptShares<Float> still(u, riseU, ratio, back);
-    const Float plusOut = Most(plus.Right, zero);
-    const Float minusOut = Most(minus.Left, zero);
+    const SweptShares<Float> entropyWave(u, riseU, ratio, back);
+    const Float plusOut = Max(plus.Right, zero);
+    const Float minusOut = Max(minus.Left, zero);
     Float plusSecond = plusOut;
     Float minusSecond = minusOut;
     if constexpr (!KnownSubsonic) {
-        plusSecond = Choose(u > c, Most(minus.Right, zero), plusOut);
-        minusSecond = Choose(-u > c, Most(plus.Left, zero), minusOut);
+        plusSecond = Select(u > c, Max(minus.Right, zero), plusOut);
+        minusSecond = Select(-u > c, Max(plus.Left, zero), minusOut);
     }
 
     const Float rightA = RightPart(plusBelow, plusAbove, plusOut);
     const Float rightB = RightPart(minusBelow, minusAbove, plusSecond);
     const Float rightP = half * (rightA + rightB);
-    const Float rightRho = RightPart(zeroBelow, zeroAbove, Most(still.Right, zero)) + rightP;
+    const Float rightRho = RightPart(zeroBelow, zeroAbove, Max(entropyWave.Right, zero)) + rightP;
     states.PLeft[i + 1] = p + rightP;
     states.UxLeft[i + 1] = u + (half * perZ) * (rightA - rightB);
     states.RhoLeft[i + 1] = rho + perSquare * rightRho;
@@ -147,7 +146,7 @@ template <bool KnownSubsonic, typename Float>
     const Float leftA = LeftPart(plusBelow, plusAbove, minusSecond);
     const Float leftB = LeftPart(minusBelow, minusAbove, minusOut);
     const Float leftP = half * (leftA + leftB);
-    const Float leftRho = LeftPart(zeroBelow, zeroAbove, Most(still.Left, zero)) + leftP;
+    const Float leftRho = LeftPart(zeroBelow, zeroAbove, Max(entropyWave.Left, zero)) + leftP;
     states.PRight[i] = p + leftP;
     states.UxRight[i] = u + (half * perZ) * (leftA - leftB);
     states.RhoRight[i] = rho + perSquare * leftRho;
@@ -163,7 +162,7 @@ int TraceStates(StripState<Float> strip, const CellRows<Float>& cells,
     for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
         const int end = chunk + CellsAtOnce;
         if (AnyInChunk<Float>(chunk,
-                              [&](int i) { return !(Size(strip.Ux[i]) <= cells.SoundSpeed[i]); })) {
+                              [&](int i) { return !(Abs(strip.Ux[i]) <= cells.SoundSpeed[i]); })) {
             supersonic += CellsAtOnce;
 #pragma omp simd
             for (int i = chunk; i < end; ++i) TraceCell<false>(strip, cells, parabolas, states, i);
@@ -184,13 +183,13 @@ template <typename Float>
     const Float* rho = strip.Rho;
     const Float* u = strip.Ux;
     const Jump<Float> jump(rho, i);
-    const Float share = Choose(IsContact(strip, i), jump.Share(), Float(0));
+    const Float share = Select(IsContact(strip, i), jump.Share(), Float(0));
     const SweptShares<Float> swept(u[i], Float(0.5) * (u[i + 1] - u[i - 1]), cells.StepPerWidth[i],
                                    Float(0.75));
     const Float right =
-        rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Most(swept.Right, Bound<Float>::Zero));
+        rho[i] + PartOfJump(rho[i - 1], rho[i], rho[i + 1], Max(swept.Right, Opaque(Float(0))));
     const Float left =
-        rho[i] + PartOfJump(rho[i + 1], rho[i], rho[i - 1], Most(swept.Left, Bound<Float>::Zero));
+        rho[i] + PartOfJump(rho[i + 1], rho[i], rho[i - 1], Max(swept.Left, Opaque(Float(0))));
     const Float gainR = right - states.RhoLeft[i + 1];
     const Float gainL = left - states.RhoRight[i];
     states.RhoLeft[i + 1] = states.RhoLeft[i + 1] + share * gainR;

@@ -60,13 +60,13 @@ template <typename Float>
     const Float acoustic = base + linear;
     const Float ram =
         Float(0.25) * halfPlus * (left.Rho * right.Rho * (perSums * sumZ)) * (closing * closing);
-    const Float collision = base + (ram + Root(ram * ram + linear * linear));
-    const Float lowest = Float(1e-6) * Least(left.P, right.P);
-    const Float guess = Most(Choose(closing > Float(0), collision, acoustic), lowest);
+    const Float collision = base + (ram + Sqrt(ram * ram + linear * linear));
+    const Float lowest = Float(1e-6) * Min(left.P, right.P);
+    const Float guess = Max(Select(closing > Float(0), collision, acoustic), lowest);
 
     // One step of Newton's method: the velocities behind the two waves come together.
-    const Float guessWL = Root(left.Rho * WaveStiffness(halfPlus, halfMinus, left.P, guess));
-    const Float guessWR = Root(right.Rho * WaveStiffness(halfPlus, halfMinus, right.P, guess));
+    const Float guessWL = Sqrt(left.Rho * WaveStiffness(halfPlus, halfMinus, left.P, guess));
+    const Float guessWR = Sqrt(right.Rho * WaveStiffness(halfPlus, halfMinus, right.P, guess));
     const Float perBoth = one / (guessWL * guessWR);
     const Float perL = perBoth * guessWR;
     const Float perR = perBoth * guessWL;
@@ -75,6 +75,6 @@ template <typename Float>
     const Float behindL = left.Ux - (guess - left.P) * perL;
     const Float behindR = right.Ux + (guess - right.P) * perR;
     const Float perSlopes = one / (slopeL + slopeR);
-    return {Most(guess + (behindL - behindR) * perSlopes, lowest),
+    return {Max(guess + (behindL - behindR) * perSlopes, lowest),
             (slopeL * behindR + slopeR * behindL) * perSlopes, acoustic};
 }

@@ -24,8 +24,8 @@ bool IsQuiet(StripState<Float> strip, int* counters) {
     for (int chunk = 2 - NeighbourCells; chunk <= n + NeighbourCells; chunk += CellsAtOnce) {
         CountOperations(QuietSearchCost, std::clamp(n + 1 - chunk, 0, CellsAtOnce), counters);
         const auto differs = [=](int i) {
-            const Float waves = Most(Size(p[i] - p[i - 1]), Size(u[i] - u[i - 1]));
-            return Most(waves, Size(rho[i] - rho[i - 1])) > Float(0);
+            const Float waves = Max(Abs(p[i] - p[i - 1]), Abs(u[i] - u[i - 1]));
+            return Max(waves, Abs(rho[i] - rho[i - 1])) > Float(0);
         };
         if (AnyInChunk<Float>(chunk, differs)) return false;
     }

@@ -35,19 +35,19 @@ void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>&
         // image takes the same one.
         const bool leftDenser = (rhoL > rhoR) | ((rhoL == rhoR) & (pL > pR));
         const bool leftFaster = (warmthL > warmthR) | ((warmthL == warmthR) & leftDenser);
-        const Float rhoFast = Choose(leftFaster, rhoL, rhoR);
-        const Float pFast = Choose(leftFaster, pL, pR);
+        const Float rhoFast = Select(leftFaster, rhoL, rhoR);
+        const Float pFast = Select(leftFaster, pL, pR);
         const Float sumRho = rhoL + rhoR;
         const Float perSums = one / (rhoFast * sumRho);
         const Float perSumRho = perSums * rhoFast;
-        const Float soundOfFaster = Root(gamma * (pFast * (perSums * sumRho)));
-        const Float soundOfBoth = Root(gamma * ((pL + pR) * perSumRho));
+        const Float soundOfFaster = Sqrt(gamma * (pFast * (perSums * sumRho)));
+        const Float soundOfBoth = Sqrt(gamma * ((pL + pR) * perSumRho));
         const Float closing = uL - uR;
-        const Float meeting = strong * Most(closing, Bound<Float>::Zero);
-        const Float usual = Most(soundOfBoth + half * meeting, soundOfFaster);
+        const Float meeting = strong * Max(closing, Opaque(Float(0)));
+        const Float usual = Max(soundOfBoth + half * meeting, soundOfFaster);
         const Float stopping = meeting * perSumRho;
-        const Float reachL = Most(usual, stopping * rhoR);
-        const Float reachR = Most(usual, stopping * rhoL);
+        const Float reachL = Max(usual, stopping * rhoR);
+        const Float reachR = Max(usual, stopping * rhoL);
         const Float wL = rhoL * reachL;
         const Float wR = rhoR * reachR;
 
@@ -59,19 +59,19 @@ void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>&
         // The side that the gas comes from, and the speed, with its sign, at which the wave on
         // that side leaves the gas there. It may be swept along: then the edge sees that gas alone.
         const bool fromLeft = starU > zero;
-        const Float rho = Choose(fromLeft, rhoL, rhoR);
-        const Float p = Choose(fromLeft, pL, pR);
-        const Float u = Choose(fromLeft, uL, uR);
-        const Float lead = Choose(fromLeft, reachL, -reachR);
+        const Float rho = Select(fromLeft, rhoL, rhoR);
+        const Float p = Select(fromLeft, pL, pR);
+        const Float u = Select(fromLeft, uL, uR);
+        const Float lead = Select(fromLeft, reachL, -reachR);
         const Float gain = starU - u;
         const Float carrying = starU / (lead + gain);
         const Float heat = perGammaLess * p;
         const Float starHeat = lead * (heat + (half * rho) * (gain * gain)) - gain * p;
 
         const bool whole = Along(u - lead, lead) > zero;
-        fluxes.Mass[i] = Choose(whole, u * rho, carrying * (lead * rho));
-        fluxes.Momentum[i] = Choose(whole, p, starP);
-        fluxes.Energy[i] = Choose(whole, u * heat, carrying * starHeat);
-        fluxes.Ux[i] = Choose(whole, u, starU);
+        fluxes.Mass[i] = Select(whole, u * rho, carrying * (lead * rho));
+        fluxes.Momentum[i] = Select(whole, p, starP);
+        fluxes.Energy[i] = Select(whole, u * heat, carrying * starHeat);
+        fluxes.Ux[i] = Select(whole, u, starU);
     }
 }

@@ -19,13 +19,13 @@ struct Jump {
         const Float rise = d.Second + d.Third;
         const Float bendLeft = Along(d.Second - d.First, rise);
         const Float bendRight = Along(d.Fourth - d.Third, rise);
-        Size = ::Size(rise);
+        Size = ::Abs(rise);
         // 20 (third / (6 size) - 0.05), cut to 0..1
         const Float third = bendLeft - bendRight;
-        const Float raw = Between(Bound<Float>::Zero, Float(20.0 / 6.0) * third - Size, Size);
+        const Float raw = Clamp(Opaque(Float(0)), Float(20.0 / 6.0) * third - Size, Size);
         const bool turning = (bendLeft > Float(0)) & (bendRight < Float(0));
         const bool rising = (Along(d.Second, rise) > Float(0)) & (Along(d.Third, rise) > Float(0));
-        Excess = Choose(turning & rising, raw, Float(0));
+        Excess = Select(turning & rising, raw, Float(0));
     }
     // In cell i of a.
     [[gnu::always_inline]] Jump(const Float* a, int i)
@@ -33,14 +33,14 @@ struct Jump {
                                   a[i + 2] - a[i + 1]}) {}
     [[gnu::always_inline]] bool IsOne() const { return Excess > Float(0); }
     // 0 to 1
-    [[gnu::always_inline]] Float Share() const { return Excess / Most(Size, Bound<Float>::Tiny); }
+    [[gnu::always_inline]] Float Share() const { return Excess / Max(Size, Opaque(Tiny<Float>)); }
 };
 
 // Whether the density beside cell i differs by more than a tenth, as it must at a contact. Most
 // chunks are done with once this has been looked at.
 template <typename Float>
 [[gnu::always_inline]] inline bool IsSteep(const Float* rho, int i) {
-    return Size(rho[i + 1] - rho[i - 1]) > Float(0.1) * Least(rho[i + 1], rho[i - 1]);
+    return Abs(rho[i + 1] - rho[i - 1]) > Float(0.1) * Min(rho[i + 1], rho[i - 1]);
 }
 
 // Whether a jump of density in cell i is a contact: the density differs by more than a tenth and
@@ -49,8 +49,8 @@ template <typename Float>
 template <typename Float>
 [[gnu::always_inline]] inline bool IsContact(const StripState<Float>& strip, int i) {
     const Float* p = strip.P;
-    const Float rush = Size(p[i + 1] - p[i - 1]);
-    return (rush < Float(0.04) * Least(p[i + 1], p[i - 1])) & IsSteep(strip.Rho, i);
+    const Float pressureJump = Abs(p[i + 1] - p[i - 1]);
+    return (pressureJump < Float(0.04) * Min(p[i + 1], p[i - 1])) & IsSteep(strip.Rho, i);
 }
 
 // How many cells lay in chunks that were looked at more closely, and in chunks that hold a contact.
@@ -83,10 +83,9 @@ template <typename Float, typename Test, typename Steepen>
 template <typename Float>
 [[gnu::always_inline]] inline Float PartOfJump(Float far, Float here, Float near, Float nu) {
     const Float rise = near - far;
-    const Float safeRise = Signed(Most(Size(rise), Bound<Float>::Tiny), rise);
+    const Float safeRise = CopySign(Max(Abs(rise), Opaque(Tiny<Float>)), rise);
     const Float filled = (here - far) / safeRise;
     // At most the share itself: a cell that holds no jump may be less than empty, by any amount.
-    const Float past =
-        Least(Most(nu - filled, Bound<Float>::Zero), nu) / Most(nu, Bound<Float>::Tiny);
+    const Float past = Min(Max(nu - filled, Opaque(Float(0))), nu) / Max(nu, Opaque(Tiny<Float>));
     return (near - here) - rise * past;
 }

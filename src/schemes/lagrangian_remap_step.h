@@ -182,7 +182,7 @@ Float AdvanceLagrangianBlock(const StripState<Float>& input, const StepConstants
     if (changing.Last < n) KeepCells(strip, {changing.Last + 1, n + 1}, rows);
 
     UpdateBothCarried(strip, rows.Cells, rows.Fluxes, rows.After, result, counters);
-    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
+    return Max(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
 }
 
 // Advances the strip by one step and returns its Courant number.

@@ -18,11 +18,11 @@ Float PrepareStillCells(StripState<Float> strip, Float timeStep, Float gamma,
     for (int i = first; i <= last; ++i) {
         const Float ratio = timeStep / (strip.Edges[i + 1] - strip.Edges[i]);
         const Float perRho = Float(1) / strip.Rho[i];
-        const Float c = Root(gamma * (strip.P[i] * perRho));
+        const Float c = Sqrt(gamma * (strip.P[i] * perRho));
         cells.StepPerWidth[i] = ratio;
         cells.StepPerMass[i] = ratio * perRho;
         cells.SoundSpeed[i] = c;
-        cells.Signal[i] = Size(strip.Ux[i]) + c;
+        cells.Signal[i] = Abs(strip.Ux[i]) + c;
         cells.Impedance[i] = strip.Rho[i] * c;
     }
     return CourantNumber(cells, strip.Cells);
@@ -49,12 +49,12 @@ struct CutSlope {
 
     [[gnu::always_inline]] CutSlope(Float a, Float b, Float mean) {
         const Float two = Float(2);
-        Rising = Most(Least(mean, two * Least(a, b)), Bound<Float>::Zero);
-        Falling = Least(Most(mean, two * Most(a, b)), Bound<Float>::Zero);
+        Rising = Max(Min(mean, two * Min(a, b)), Opaque(Float(0)));
+        Falling = Min(Max(mean, two * Max(a, b)), Opaque(Float(0)));
     }
     [[gnu::always_inline]] Float Signed() const { return Rising + Falling; }
     // The part of a rise that is along the slope and no larger.
-    [[gnu::always_inline]] Float Cut(Float rise) const { return Between(Falling, rise, Rising); }
+    [[gnu::always_inline]] Float Cut(Float rise) const { return Clamp(Falling, rise, Rising); }
 };
 
 // The data on both sides of an edge as one cubic through four cells, by its rises in the cell on
@@ -73,25 +73,25 @@ struct EdgeCubic {
         const Float bendLeft = across - left;
         const Float bendRight = right - across;
         const Float alike = Along(bendRight, bendLeft);
-        const Float size = Size(bendLeft);
-        const bool smooth = Most(alike, size) <= Float(2) * Least(alike, size);
+        const Float size = Abs(bendLeft);
+        const bool smooth = Max(alike, size) <= Float(2) * Min(alike, size);
 
         const Float meanLeft = half * (left + across);
         const Float meanRight = half * (across + right);
         const CutSlope<Float> cutLeft(left, across, meanLeft);
         const CutSlope<Float> cutRight(across, right, meanRight);
-        const Float slopeLeft = Choose(smooth, meanLeft, cutLeft.Signed());
-        const Float slopeRight = Choose(smooth, meanRight, cutRight.Signed());
+        const Float slopeLeft = Select(smooth, meanLeft, cutLeft.Signed());
+        const Float slopeRight = Select(smooth, meanRight, cutRight.Signed());
         const Float bend = Float(1.0 / 6.0) * (slopeRight - slopeLeft);
         const Float twist = Float(0.125) * (bendRight - bendLeft);
         const Float toEdge = half * across - bend;
         const Float fromEdge = half * across + bend;
         const Float before = (slopeLeft - twist) - toEdge;
         const Float behind = (slopeRight - twist) - fromEdge;
-        LeftToRight = Choose(smooth, toEdge, cutLeft.Cut(toEdge));
-        LeftFromLeft = Choose(smooth, before, cutLeft.Cut(before));
-        RightFromLeft = Choose(smooth, fromEdge, cutRight.Cut(fromEdge));
-        RightToRight = Choose(smooth, behind, cutRight.Cut(behind));
+        LeftToRight = Select(smooth, toEdge, cutLeft.Cut(toEdge));
+        LeftFromLeft = Select(smooth, before, cutLeft.Cut(before));
+        RightFromLeft = Select(smooth, fromEdge, cutRight.Cut(fromEdge));
+        RightToRight = Select(smooth, behind, cutRight.Cut(behind));
     }
 };
 
@@ -105,7 +105,7 @@ template <typename Float>
     const Float half = Float(0.5);
     const Float delay = Float(2.0 / 3.0) * stepPerWidth * (half * riseU + riseC);
     const Float share = (soundSpeed + half * riseC) * stepPerWidth * (Float(1) - delay);
-    return Between(Bound<Float>::Zero, share, Bound<Float>::One);
+    return Clamp(Opaque(Float(0)), share, Opaque(Float(1)));
 }
 
 // The states beside the edges, averaged over the part of the cells from which sound reaches the
@@ -145,11 +145,11 @@ template <typename Float>
 [[gnu::always_inline]] inline bool IsWeakEdge(const StripState<Float>& strip,
                                               const SoundStates<Float>& states, int i) {
     const Float tolerance = Float(0.01);
-    const Float least = tolerance * Least(states.PLeft[i], states.PRight[i]);
+    const Float least = tolerance * Min(states.PLeft[i], states.PRight[i]);
     const Float closing = states.UxLeft[i] - states.UxRight[i];
-    const Float jump = Size(states.PLeft[i] - states.PRight[i]) - least;
-    const Float ram = Most(strip.Rho[i - 1], strip.Rho[i]) * (closing * closing);
-    return Most(jump, ram - tolerance * least) <= Float(0);
+    const Float jump = Abs(states.PLeft[i] - states.PRight[i]) - least;
+    const Float ram = Max(strip.Rho[i - 1], strip.Rho[i]) * (closing * closing);
+    return Max(jump, ram - tolerance * least) <= Float(0);
 }
 
 // By sound waves in the gas of the two cells.
@@ -174,18 +174,18 @@ template <typename Float>
     const Float one = Float(1);
     const Float halfPlus = half * (gamma + one);
     const Float halfMinus = half * (gamma - one);
-    const Float least = Bound<Float>::Of(Float(0.1));
-    const Float most = Bound<Float>::Of(Float(3));
+    const Float least = Opaque(Float(0.1));
+    const Float most = Opaque(Float(3));
     const Float cellRhoL = strip.Rho[i - 1];
     const Float cellRhoR = strip.Rho[i];
     const Float cellPL = strip.P[i - 1];
     const Float cellPR = strip.P[i];
-    const Float pL = Most(states.PLeft[i], least * cellPL);
-    const Float pR = Most(states.PRight[i], least * cellPR);
+    const Float pL = Max(states.PLeft[i], least * cellPL);
+    const Float pR = Max(states.PRight[i], least * cellPR);
     const Float growthL = one + (pL - cellPL) / (gamma * cellPL);
     const Float growthR = one + (pR - cellPR) / (gamma * cellPR);
-    const Float rhoL = cellRhoL * Between(least, growthL, most);
-    const Float rhoR = cellRhoR * Between(least, growthR, most);
+    const Float rhoL = cellRhoL * Clamp(least, growthL, most);
+    const Float rhoR = cellRhoR * Clamp(least, growthR, most);
     const Float uL = states.UxLeft[i];
     const Float uR = states.UxRight[i];
     const Float zL = cells.Impedance[i - 1];
@@ -194,7 +194,7 @@ template <typename Float>
     const EdgeStar<Float> met = MeetAsShocks<Float>(
         {rhoL, pL, uL, zL, zL * zL}, {rhoR, pR, uR, zR, zR * zR}, halfPlus, halfMinus);
     const Float zero = Float(0);
-    return {Choose(met.AcousticP < zero, zero, met.P), met.Ux, met.AcousticP};
+    return {Select(met.AcousticP < zero, zero, met.P), met.Ux, met.AcousticP};
 }
 
 // Solves the Riemann problems at edges first..last, a whole number of chunks. Returns how many of
@@ -213,8 +213,8 @@ int MoveEdges(StripState<Float> strip, const CellRows<Float>& cells,
                 const bool weak = IsWeakEdge(strip, states, i);
                 const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
                 const EdgeStar<Float> b = MoveStrongEdge(strip, cells, states, gamma, i);
-                motion.P[i] = Choose(weak, a.P, b.P);
-                motion.Ux[i] = Choose(weak, a.Ux, b.Ux);
+                motion.P[i] = Select(weak, a.P, b.P);
+                motion.Ux[i] = Select(weak, a.Ux, b.Ux);
             }
         } else {
 #pragma omp simd
@@ -248,14 +248,14 @@ void MoveCells(const StripState<Float>& strip, const CellRows<Float>& cells,
         const Float pR = push[i + 1];
         const Float driftL = u[i] - strip.Ux[i];
         const Float driftR = u[i + 1] - strip.Ux[i];
-        const Float width = Most(one + ratio * (u[i + 1] - u[i]), Bound<Float>::Of(Float(0.05)));
+        const Float width = Max(one + ratio * (u[i + 1] - u[i]), Opaque(Float(0.05)));
         const Float perWidth = one / width;
         const Float momentum = ratio * (pL - pR);
         const Float change = cells.StepPerMass[i] * (pL - pR);
         const Float work = ratio * (pL * driftL - pR * driftR);
         const Float heat = strip.P[i] + gammaLess * (work - half * (momentum * change));
         moved.Rho[i] = perWidth * strip.Rho[i];
-        moved.P[i] = Most(perWidth * heat, Float(0.001) * strip.P[i]);
+        moved.P[i] = Max(perWidth * heat, Float(0.001) * strip.P[i]);
         moved.Ux[i] = strip.Ux[i] + change;
         moved.StepPerWidth[i] = ratio * perWidth;
     }

@@ -25,8 +25,8 @@ struct Differences {
         const Float here = Third - Second;
         const Float left = Along(Second - First, here);
         const Float right = Along(Fourth - Third, here);
-        const Float least = Least(Least(left, right), Size(here));
-        const Float most = Most(Most(left, right), Size(here));
+        const Float least = Min(Min(left, right), Abs(here));
+        const Float most = Max(Max(left, right), Abs(here));
         return most <= Float(1.5) * least;
     }
     // The rises of the parabola through the edge values of fourth order.
@@ -44,7 +44,7 @@ struct Differences {
 template <typename Float>
 [[gnu::always_inline]] inline void LimitedParabola(const Differences<Float>& d, Float& fromLeft,
                                                    Float& toRight) {
-    const Float zero = Bound<Float>::Zero;
+    const Float zero = Opaque(Float(0));
     const Float half = Float(0.5);
     const Float two = Float(2);
     const Float sixth = Float(1.0 / 6.0);
@@ -56,19 +56,17 @@ template <typename Float>
     const Float along3 = Along(d.Third, rise);
     const Float along4 = Along(d.Fourth, rise);
     // Slopes: the mean of two differences, but at most twice the smaller, and 0 at an extremum.
-    const Float slopeLeft =
-        Most(Least(half * (along1 + along2), two * Least(along1, along2)), zero);
-    const Float slopeHere = Least(half * Size(rise), two * Least(along2, along3));
-    const Float slopeRight =
-        Most(Least(half * (along3 + along4), two * Least(along3, along4)), zero);
+    const Float slopeLeft = Max(Min(half * (along1 + along2), two * Min(along1, along2)), zero);
+    const Float slopeHere = Min(half * Abs(rise), two * Min(along2, along3));
+    const Float slopeRight = Max(Min(half * (along3 + along4), two * Min(along3, along4)), zero);
     const Float below = half * along2 + sixth * (slopeHere - slopeLeft);
     const Float above = half * along3 - sixth * (slopeRight - slopeHere);
     // Monotone: neither part more than twice the other.
-    const Float belowCut = Along(Most(Least(below, two * above), zero), rise);
-    const Float aboveCut = Along(Most(Least(above, two * below), zero), rise);
+    const Float belowCut = Along(Max(Min(below, two * above), zero), rise);
+    const Float aboveCut = Along(Max(Min(above, two * below), zero), rise);
     const bool smooth = d.AreSmooth();
-    fromLeft = Choose(smooth, d.SmoothFromLeft(), belowCut);
-    toRight = Choose(smooth, d.SmoothToRight(), aboveCut);
+    fromLeft = Select(smooth, d.SmoothFromLeft(), belowCut);
+    toRight = Select(smooth, d.SmoothToRight(), aboveCut);
 }
 
 // Average, less the cell average, over the share nu (0 to 1) of the cell next to its right edge.

@@ -15,8 +15,8 @@ constexpr CellCost MarkingCost = {0, 2, 0, 5, 0};
 // value that is no number fails too.
 template <typename Float>
 inline bool Fails(const Float* old, Float now, int i) {
-    const Float least = Least(old[i], Least(old[i - 1], old[i + 1]));
-    return !(now > Float(0.001) * least) | !(now <= Bound<Float>::LargestFinite);
+    const Float least = Min(old[i], Min(old[i - 1], old[i + 1]));
+    return !(now > Float(0.001) * least) | !(now <= Opaque(LargestFinite<Float>));
 }
 
 // Tells whether any of cells first..last failed, and if so marks those that did with 1, the others
@@ -32,7 +32,7 @@ bool MarkFailures(StripState<Float> strip, const NewState<Float>& next, Row<Floa
     if (!Any<Float>(first, last, fails)) return false;
     CountOperations(MarkingCost, cells, counters);
 #pragma omp simd
-    for (int i = first; i <= last; ++i) failed[i] = Choose(fails(i), Float(1), Float(0));
+    for (int i = first; i <= last; ++i) failed[i] = Select(fails(i), Float(1), Float(0));
     return true;
 }
 
@@ -52,7 +52,7 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& 
         const Float uR = strip.Ux[i];
         const Float heatL = strip.P[i - 1] / (gamma - Float(1));
         const Float heatR = strip.P[i] / (gamma - Float(1));
-        const Float fastest = Most(cells.Signal[i - 1], cells.Signal[i]);
+        const Float fastest = Max(cells.Signal[i - 1], cells.Signal[i]);
 
         // Seen by an observer between the two cells.
         const Float drift = half * (uR - uL);
@@ -66,10 +66,10 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& 
              (half * drift * drift * (goingL + goingR) + drift * (strip.P[i] - strip.P[i - 1])));
 
         const bool replace = failed[i - 1] + failed[i] > Float(0);
-        fluxes.Mass[i] = Choose(replace, mass, fluxes.Mass[i]);
-        fluxes.Momentum[i] = Choose(replace, momentum, fluxes.Momentum[i]);
-        fluxes.Energy[i] = Choose(replace, energy, fluxes.Energy[i]);
-        fluxes.Ux[i] = Choose(replace, half * (uL + uR), fluxes.Ux[i]);
+        fluxes.Mass[i] = Select(replace, mass, fluxes.Mass[i]);
+        fluxes.Momentum[i] = Select(replace, momentum, fluxes.Momentum[i]);
+        fluxes.Energy[i] = Select(replace, energy, fluxes.Energy[i]);
+        fluxes.Ux[i] = Select(replace, half * (uL + uR), fluxes.Ux[i]);
     }
 }
 

@@ -90,8 +90,8 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
     }
     UpdateCarried<false>(strip, strip.Uy, rows.Cells, rows.Fluxes, rows.Corrector.Next.Rho,
                          rows.Corrector.Carried, result.Uy, counters);
-    return Most(courant,
-                HandOver(strip, rows.Corrector.Next, mended, rows.Failed, result, counters));
+    return Max(courant,
+               HandOver(strip, rows.Corrector.Next, mended, rows.Failed, result, counters));
 }
 
 }  // namespace predictor_corrector

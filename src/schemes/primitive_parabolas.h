@@ -20,10 +20,10 @@ struct RoughParabolas {
 // more than the smaller one, and 0 at an extremum.
 template <typename Float>
 [[gnu::always_inline]] inline Float LimitedHalfSlope(Float left, Float right) {
-    const Float zero = Bound<Float>::Zero;
-    const Float low = Least(Most(left, right), zero);
-    const Float high = Most(Least(left, right), zero);
-    return Between(low, Float(0.25) * (left + right), high);
+    const Float zero = Opaque(Float(0));
+    const Float low = Min(Max(left, right), zero);
+    const Float high = Max(Min(left, right), zero);
+    return Clamp(low, Float(0.25) * (left + right), high);
 }
 
 // Fills both forms for cells first..last. Edge values are of fourth order (J. Comput. Phys. 54, 174
@@ -58,7 +58,7 @@ void InterpolateEdges(const Float* a, RoughParabolas<Float>& parabolas, int firs
         fromLeft[i] = middle + unlimited;
         limitedRight[i - 1] = middle - limited;
         limitedLeft[i] = middle + limited;
-        smoothEdge[i] = Choose(Size(turn) <= Float(0.2) * Size(bends), Float(1), Float(0));
+        smoothEdge[i] = Select(Abs(turn) <= Float(0.2) * Abs(bends), Float(1), Float(0));
     }
     // The cell behind the last edge, where padded kernels look too.
     toRight[end] = limitedRight[end] = smoothEdge[end + 1] = Float(0);
@@ -72,11 +72,11 @@ template <typename Float>
                                                    int i) {
     const Float* rho = strip.Rho;
     const Float* p = strip.P;
-    const Float rise = Size(rho[i + 1] - rho[i - 1]);
-    const Float leastRho = Least(rho[i + 1], rho[i - 1]);
-    const Float rush = Size(p[i + 1] - p[i - 1]);
-    const Float leastP = Least(p[i + 1], p[i - 1]);
-    return (rush * leastRho < Float(0.1) * gamma * (rise * leastP)) &
+    const Float rise = Abs(rho[i + 1] - rho[i - 1]);
+    const Float leastRho = Min(rho[i + 1], rho[i - 1]);
+    const Float pressureJump = Abs(p[i + 1] - p[i - 1]);
+    const Float leastP = Min(p[i + 1], p[i - 1]);
+    return (pressureJump * leastRho < Float(0.1) * gamma * (rise * leastP)) &
            (rise > Float(0.1) * leastRho);
 }
 
@@ -94,7 +94,7 @@ ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas
     const auto isContact = [=](int i) { return IsMostlyContact(strip, gamma, i); };
     const auto steepen = [=](int i) {
         const Float share = Jump<Float>(rho, i).Share();
-        const Float part = Choose(IsMostlyContact(strip, gamma, i), share * share, Float(0));
+        const Float part = Select(IsMostlyContact(strip, gamma, i), share * share, Float(0));
         const Float below = (rho[i] - rho[i - 1]) - halfSlope[i - 1];
         const Float above = (rho[i + 1] - rho[i]) - halfSlope[i + 1];
         fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);
@@ -107,9 +107,9 @@ ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas
 // the two cells beside cell i: a shock as thin as the grid can hold (compare eq. A.1 there).
 template <typename Float>
 [[gnu::always_inline]] inline bool IsInThinShock(const Float* p, const Float* u, int i) {
-    const Float near = Size(p[i + 1] - p[i - 1]);
-    const Float far = Size(p[i + 2] - p[i - 2]);
-    const Float least = Least(p[i + 1], p[i - 1]);
+    const Float near = Abs(p[i + 1] - p[i - 1]);
+    const Float far = Abs(p[i + 2] - p[i - 2]);
+    const Float least = Min(p[i + 1], p[i - 1]);
     return (near > Float(0.9) * far) & (near > Float(0.3) * least) & (u[i - 1] > u[i + 1]);
 }
 
@@ -128,7 +128,7 @@ int FlattenThinShocks(StripState<Float> strip, RoughParabolas<Float>& density,
         Float steepness[CellsAtOnce];
 #pragma omp simd
         for (int i = 0; i < CellsAtOnce; ++i)
-            steepness[i] = Choose(IsInThinShock(p, u, chunk + i), Float(0.5), Float(1));
+            steepness[i] = Select(IsInThinShock(p, u, chunk + i), Float(0.5), Float(1));
         for (RoughParabolas<Float>* rough : {&density, &velocity, &pressure}) {
             for (Parabolas<Float>* form : {&rough->Limited, &rough->Unlimited}) {
 #pragma omp simd
@@ -147,14 +147,14 @@ int FlattenThinShocks(StripState<Float> strip, RoughParabolas<Float>& density,
 template <typename Float>
 [[gnu::always_inline]] inline void ParabolaOf(const RoughParabolas<Float>& parabolas, int i,
                                               Float& fromLeft, Float& toRight) {
-    const Float zero = Bound<Float>::Zero;
+    const Float zero = Opaque(Float(0));
     const Float below = parabolas.Limited.FromLeft[i];
     const Float above = parabolas.Limited.ToRight[i];
     const Float mostBelow = Float(2) * above;
     const Float mostAbove = Float(2) * below;
-    const Float belowCut = Between(Least(mostBelow, zero), below, Most(mostBelow, zero));
-    const Float aboveCut = Between(Least(mostAbove, zero), above, Most(mostAbove, zero));
+    const Float belowCut = Clamp(Min(mostBelow, zero), below, Max(mostBelow, zero));
+    const Float aboveCut = Clamp(Min(mostAbove, zero), above, Max(mostAbove, zero));
     const bool smooth = parabolas.SmoothEdge[i] + parabolas.SmoothEdge[i + 1] > Float(1.5);
-    fromLeft = Choose(smooth, parabolas.Unlimited.FromLeft[i], belowCut);
-    toRight = Choose(smooth, parabolas.Unlimited.ToRight[i], aboveCut);
+    fromLeft = Select(smooth, parabolas.Unlimited.FromLeft[i], belowCut);
+    toRight = Select(smooth, parabolas.Unlimited.ToRight[i], aboveCut);
 }

@@ -33,7 +33,7 @@ void WeighMovedCells(const MovedCells<Float>& moved, Float gamma, MovedWeights<F
     for (int i = first; i <= last; ++i) {
         const Float aroundP = p[i] + half * (p[i - 1] + p[i + 1]);
         const Float aroundRho = rho[i] + half * (rho[i - 1] + rho[i + 1]);
-        const Float z = half * Root(gamma * (aroundP * aroundRho));
+        const Float z = half * Sqrt(gamma * (aroundP * aroundRho));
         const Float perZ = Float(1) / z;
         const Float perC = half * (aroundRho * perZ);
         weights.Impedance[i] = z;
@@ -103,7 +103,7 @@ template <typename Float>
 [[gnu::always_inline]] inline void TemperCell(const MovedCells<Float>& moved,
                                               MovedShapes<Float>& shapes, int i) {
     const Float room = Float(4) * moved.P[i];
-    const Float excess = Most(ExcessMotion(moved, shapes, i), Bound<Float>::Zero);
+    const Float excess = Max(ExcessMotion(moved, shapes, i), Opaque(Float(0)));
     const Float steepness = room / (room + excess);
     shapes.Ux.FromLeft[i] = steepness * shapes.Ux.FromLeft[i];
     shapes.Ux.ToRight[i] = steepness * shapes.Ux.ToRight[i];
@@ -112,14 +112,14 @@ template <typename Float>
 // How far moved cell i holds a contact, 0 to 1.
 template <typename Float>
 [[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, int i) {
-    return Choose(IsContact(moved, i), Jump<Float>(moved.Rho, i).Share(), Float(0));
+    return Select(IsContact(moved, i), Jump<Float>(moved.Rho, i).Share(), Float(0));
 }
 
 // What a cell that holds a contact passes in any case: the density differs by more than a tenth.
 template <typename Float>
 [[gnu::always_inline]] inline Float ExcessRise(const Float* rho, int i) {
-    const Float least = Least(rho[i + 1], rho[i - 1]);
-    return Size(rho[i + 1] - rho[i - 1]) - Float(0.1) * least;
+    const Float least = Min(rho[i + 1], rho[i - 1]);
+    return Abs(rho[i + 1] - rho[i - 1]) - Float(0.1) * least;
 }
 
 // How many cells lay in chunks that needed more than their parabolas.
@@ -145,7 +145,7 @@ ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& mo
         for (int i = chunk; i < end; ++i) {
             InterpolateMovedCell(moved, weights, shapes, i);
             shapes.Contact[i] = Float(0);
-            most = Most(most, Most(ExcessMotion(moved, shapes, i), ExcessRise(strip.Rho, i)));
+            most = Max(most, Max(ExcessMotion(moved, shapes, i), ExcessRise(strip.Rho, i)));
         }
         if (!(most > Float(0))) continue;
         work.Suspect += CellsAtOnce;
@@ -182,7 +182,7 @@ template <Upstream From, typename Float>
 [[gnu::always_inline]] inline Float OfUpstream(bool fromLeft, Float left, Float right) {
     if constexpr (From == Upstream::Left) return left;
     if constexpr (From == Upstream::Right) return right;
-    return Choose(fromLeft, left, right);
+    return Select(fromLeft, left, right);
 }
 
 // The fluxes through edge i, from what the moved gas has swept over it. What leaves a cell
@@ -193,8 +193,8 @@ template <bool HasContacts, Upstream From, typename Float>
                                              const MovedCells<Float>& moved,
                                              const MovedShapes<Float>& shapes, Float perGammaLess,
                                              EdgeFluxes<Float>& fluxes, int i) {
-    const Float zero = Bound<Float>::Zero;
-    const Float one = Bound<Float>::One;
+    const Float zero = Opaque(Float(0));
+    const Float one = Opaque(Float(1));
     const Float most = Float(0.5);
     const int l = i - 1;
     const Float speed = motion.Ux[i];
@@ -211,9 +211,9 @@ template <bool HasContacts, Upstream From, typename Float>
     };
     const Float rho = upstream(moved.Rho);
     const Float p = upstream(moved.P);
-    const Float ratio = Size(speed) * upstream(moved.StepPerWidth);
-    const Float share = Least(ratio, one);
-    const Float perRatio = one / Most(ratio, Bound<Float>::Tiny);
+    const Float ratio = Abs(speed) * upstream(moved.StepPerWidth);
+    const Float share = Min(ratio, one);
+    const Float perRatio = one / Max(ratio, Opaque(Tiny<Float>));
     Float rise = Along(NearPart(near(shapes.Rho), far(shapes.Rho), share), speed);
     if constexpr (HasContacts) {
         const Float nearRho = OfUpstream<From>(fromLeft, moved.Rho[i], moved.Rho[l]);
@@ -221,16 +221,16 @@ template <bool HasContacts, Upstream From, typename Float>
         const Float jump = PartOfJump(farRho, rho, nearRho, share);
         rise = rise + upstream(shapes.Contact) * (jump - rise);
     }
-    const Float room = most * Most(perRatio - one, zero);
-    const Float sweptRho = rho + Between(-most * rho, rise, room * rho);
+    const Float room = most * Max(perRatio - one, zero);
+    const Float sweptRho = rho + Clamp(-most * rho, rise, room * rho);
     const Float riseP = Along(NearPart(near(shapes.P), far(shapes.P), share), speed);
-    const Float sweptP = p + Between(-most * p, riseP, room * p);
+    const Float sweptP = p + Clamp(-most * p, riseP, room * p);
     const Float mass = speed * sweptRho;
     // Velocity is spread over the mass, and the mass over the volume: the mean of both shares.
-    const Float shareOfMass = Least(Size(mass) * upstream(cells.StepPerMass), one);
+    const Float shareOfMass = Min(Abs(mass) * upstream(cells.StepPerMass), one);
     const Float shareU = Float(0.5) * (share + shareOfMass);
     const Float riseU = Along(NearPart(near(shapes.Ux), far(shapes.Ux), shareU), speed);
-    const Float u = Choose(speed == Float(0), Float(0), upstream(moved.Ux) + riseU);
+    const Float u = Select(speed == Float(0), Float(0), upstream(moved.Ux) + riseU);
     fluxes.Mass[i] = mass;
     fluxes.Momentum[i] = push;
     fluxes.Energy[i] = perGammaLess * (speed * sweptP) + push * (speed - u);
@@ -253,7 +253,7 @@ int SweepEdges(const CellRows<Float>& cells, const EdgeMotion<Float>& motion,
                 SweepEdge<HasContacts, From>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
         };
         const auto touchesContact = [&](int i) {
-            return Most(shapes.Contact[i - 1], shapes.Contact[i]) > Float(0);
+            return Max(shapes.Contact[i - 1], shapes.Contact[i]) > Float(0);
         };
         const auto isFromLeft = [&](int i) { return motion.Ux[i] > Float(0); };
         const auto isFromRight = [&](int i) { return !(motion.Ux[i] > Float(0)); };

@@ -24,14 +24,14 @@ struct EdgeFluxes {
 template <typename Float>
 [[gnu::always_inline]] inline bool IsWeak(const EdgeStates<Float>& states, int i) {
     const Float tolerance = Float(0.01);
-    const Float least = Least(states.PLeft[i], states.PRight[i]);
+    const Float least = Min(states.PLeft[i], states.PRight[i]);
     const Float rhoL = states.RhoLeft[i];
     const Float rhoR = states.RhoRight[i];
-    const Float densest = Most(rhoL, rhoR);
+    const Float densest = Max(rhoL, rhoR);
     const Float closing = states.UxLeft[i] - states.UxRight[i];
-    const Float jump = Size(states.PLeft[i] - states.PRight[i]) - tolerance * least;
+    const Float jump = Abs(states.PLeft[i] - states.PRight[i]) - tolerance * least;
     const Float ram = densest * (closing * closing) - tolerance * tolerance * least;
-    return (Most(jump, ram) <= Float(0)) & (rhoL > Float(0)) & (rhoR > Float(0));
+    return (Max(jump, ram) <= Float(0)) & (rhoL > Float(0)) & (rhoR > Float(0));
 }
 
 // What an edge is solved for: the pressure and the velocity between the two waves, and the density
@@ -66,12 +66,12 @@ template <typename Float>
     // 1 over the sound speed of the cell
     const Float perCL = cells.PerImpedance[i - 1] * strip.Rho[i - 1];
     const Float perCR = cells.PerImpedance[i] * strip.Rho[i];
-    const Float perC = Choose(fromLeft, perCL, perCR);
-    const Float p = Choose(fromLeft, pL, pR);
-    const Float rho = Choose(fromLeft, rhoL, rhoR);
-    const Float along = Choose(fromLeft, uL, -uR);
-    const Float middle = along + quarterPlus * (Size(starU) - along);
-    const Float share = Choose(middle * perC < Float(1), Float(1), Float(0));
+    const Float perC = Select(fromLeft, perCL, perCR);
+    const Float p = Select(fromLeft, pL, pR);
+    const Float rho = Select(fromLeft, rhoL, rhoR);
+    const Float along = Select(fromLeft, uL, -uR);
+    const Float middle = along + quarterPlus * (Abs(starU) - along);
+    const Float share = Select(middle * perC < Float(1), Float(1), Float(0));
     return {star, starU, rho + (star - p) * (perC * perC), star, share};
 }
 
@@ -97,8 +97,8 @@ template <typename Float>
 
     const Float squareL = gamma * (pL * rhoL);
     const Float squareR = gamma * (pR * rhoR);
-    const Float zL = Root(squareL);
-    const Float zR = Root(squareR);
+    const Float zL = Sqrt(squareL);
+    const Float zR = Sqrt(squareR);
     const EdgeStar<Float> met = MeetAsShocks<Float>(
         {rhoL, pL, uL, zL, squareL}, {rhoR, pR, uR, zR, squareR}, halfPlus, halfMinus);
     const Float star = met.P;
@@ -106,28 +106,28 @@ template <typename Float>
 
     // The side that the gas comes from; speeds along the way that the gas at the edge moves.
     const bool fromLeft = starU > zero;
-    const Float rho = Choose(fromLeft, rhoL, rhoR);
-    const Float p = Choose(fromLeft, pL, pR);
-    const Float z = Choose(fromLeft, zL, zR);
-    const Float along = Choose(fromLeft, uL, -uR);
+    const Float rho = Select(fromLeft, rhoL, rhoR);
+    const Float p = Select(fromLeft, pL, pR);
+    const Float z = Select(fromLeft, zL, zR);
+    const Float along = Select(fromLeft, uL, -uR);
     const Float stiffness = WaveStiffness(halfPlus, halfMinus, p, star);
     const Float starRho = rho * stiffness / WaveStiffness(halfPlus, halfMinus, star, p);
     // Where the wave on this side begins and ends: one speed for a shock; for a rarefaction the
     // tail follows from the head, since what the wave leaves unchanged fixes the sound speed.
     const bool shock = star > p;
     // Both speeds are multiplied by the density here.
-    const Float behindHead = Choose(shock, Root(rho * stiffness), z) - rho * along;
-    const Float width = Choose(shock, zero, rho * (halfPlus * (Size(starU) - along)));
-    const Float inFan = Between(Bound<Float>::Zero, behindHead / Most(width, Bound<Float>::Tiny),
-                                Bound<Float>::One);
+    const Float behindHead = Select(shock, Sqrt(rho * stiffness), z) - rho * along;
+    const Float width = Select(shock, zero, rho * (halfPlus * (Abs(starU) - along)));
+    const Float inFan =
+        Clamp(Opaque(Float(0)), behindHead / Max(width, Opaque(Tiny<Float>)), Opaque(Float(1)));
     // Gas that would leave the edge on the side that it comes from has ended before: between two
     // streams that part faster than it can expand there is next to nothing.
-    const Float speed = along + inFan * (Size(starU) - along);
-    const Float reached = Choose(speed < zero, one, inFan);
+    const Float speed = along + inFan * (Abs(starU) - along);
+    const Float reached = Select(speed < zero, one, inFan);
     // Roots have seen to all such states but those with both below zero.
-    const Float share = Choose((rhoL > zero) & (rhoR > zero), reached,
+    const Float share = Select((rhoL > zero) & (rhoR > zero), reached,
                                Float(std::numeric_limits<double>::quiet_NaN()));
-    return {star, starU, starRho, Choose(met.AcousticP < zero, Float(0.9) * met.AcousticP, star),
+    return {star, starU, starRho, Select(met.AcousticP < zero, Float(0.9) * met.AcousticP, star),
             share};
 }
 
@@ -146,9 +146,9 @@ template <typename Float>
     // Gas that stands still comes from neither side. All that shows of the choice then is how the
     // pressure is rounded, and the higher one is taken so that a mirror image takes the same.
     const bool fromLeft = (solution.Ux > Float(0)) | ((solution.Ux == Float(0)) & (pL > pR));
-    const Float rho = Choose(fromLeft, rhoL, rhoR);
-    const Float p = Choose(fromLeft, pL, pR);
-    const Float u = Choose(fromLeft, uL, uR);
+    const Float rho = Select(fromLeft, rhoL, rhoR);
+    const Float p = Select(fromLeft, pL, pR);
+    const Float u = Select(fromLeft, uL, uR);
     const Float edgeP = p + solution.Share * (solution.P - p);
     const Float edgeU = u + solution.Share * (solution.Ux - u);
     fluxes.Mass[i] = (rho + solution.Share * (solution.Rho - rho)) * edgeU;
@@ -176,8 +176,8 @@ int SolveRiemannProblems(StripState<Float> strip, const CellRows<Float>& cells,
                 const EdgeSolution<Float> a = SolveWeakEdge(strip, cells, states, quarterPlus, i);
                 const EdgeSolution<Float> b = SolveStrongEdge(states, gamma, i);
                 const EdgeSolution<Float> solution = {
-                    Choose(weak, a.P, b.P), Choose(weak, a.Ux, b.Ux), Choose(weak, a.Rho, b.Rho),
-                    Choose(weak, a.Push, b.Push), Choose(weak, a.Share, b.Share)};
+                    Select(weak, a.P, b.P), Select(weak, a.Ux, b.Ux), Select(weak, a.Rho, b.Rho),
+                    Select(weak, a.Push, b.Push), Select(weak, a.Share, b.Share)};
                 SampleEdge(states, solution, perGammaLess, fluxes, i);
             }
         } else {

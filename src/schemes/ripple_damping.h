@@ -8,7 +8,7 @@
 // above.
 template <typename Float>
 Float RippleDamping(Float wavhaf) {
-    const Float w = Between(Float(0), wavhaf, Float(1e6));
+    const Float w = Clamp(Float(0), wavhaf, Float(1e6));
     return Float(0.3) * w / (w + Float(0.2));
 }
 
@@ -28,8 +28,8 @@ void DampRipples(const StripState<Float>& strip, const CellRows<Float>& cells, F
         const Float left = Along(rho[i - 1] - rho[i - 2], here);
         const Float right = Along(rho[i + 1] - rho[i], here);
         // Above 0 only if both neighbouring steps go the other way.
-        const Float step = Most(Least(-Most(left, right), Size(here)), Bound<Float>::Zero);
-        const Float speed = strength * Most(cells.Signal[i - 1], cells.Signal[i]);
-        fluxes.Mass[i] = fluxes.Mass[i] - Signed(speed * step, here);
+        const Float step = Max(Min(-Max(left, right), Abs(here)), Opaque(Float(0)));
+        const Float speed = strength * Max(cells.Signal[i - 1], cells.Signal[i]);
+        fluxes.Mass[i] = fluxes.Mass[i] - CopySign(speed * step, here);
     }
 }

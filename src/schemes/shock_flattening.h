@@ -9,9 +9,9 @@
 template <typename Float>
 [[gnu::always_inline]] inline bool IsInShock(const Float* p, const Float* u, Float shockJump,
                                              int i) {
-    const Float rise = Size(p[i + 1] - p[i - 1]);
-    const Float excess = rise - shockJump * Least(p[i + 1], p[i - 1]);
-    return Least(excess, u[i - 1] - u[i + 1]) > Float(0);
+    const Float rise = Abs(p[i + 1] - p[i - 1]);
+    const Float excess = rise - shockJump * Min(p[i + 1], p[i - 1]);
+    return Min(excess, u[i - 1] - u[i + 1]) > Float(0);
 }
 
 // How slowly a shock in cell i crosses the grid: 1 if its speed is below about 0.6 of the fastest
@@ -26,13 +26,13 @@ template <typename Float>
     const Float* p = strip.P;
     const Float* u = strip.Ux;
     const bool isRightGoing = p[i + 1] < p[i - 1];  // through the gas
-    const Float rhoAhead = Choose(isRightGoing, rho[i + 2], rho[i - 2]);
-    const Float uAhead = Choose(isRightGoing, u[i + 2], -u[i - 2]);
-    const Float rise = Size(p[i + 2] - p[i - 2]);
-    const Float perSpeed = Most(rhoAhead * (u[i - 2] - u[i + 2]), Bound<Float>::Tiny);
-    const Float fastest = Most(signal[i], Most(signal[i - 1], signal[i + 1]));
-    const Float speed = Size(uAhead * perSpeed + rise) / (perSpeed * fastest);
-    return Between(Bound<Float>::Zero, Float(6) * (Float(0.78) - speed), Bound<Float>::One);
+    const Float rhoAhead = Select(isRightGoing, rho[i + 2], rho[i - 2]);
+    const Float uAhead = Select(isRightGoing, u[i + 2], -u[i - 2]);
+    const Float rise = Abs(p[i + 2] - p[i - 2]);
+    const Float perSpeed = Max(rhoAhead * (u[i - 2] - u[i + 2]), Opaque(Tiny<Float>));
+    const Float fastest = Max(signal[i], Max(signal[i - 1], signal[i + 1]));
+    const Float speed = Abs(uAhead * perSpeed + rise) / (perSpeed * fastest);
+    return Clamp(Opaque(Float(0)), Float(6) * (Float(0.78) - speed), Opaque(Float(1)));
 }
 
 // How much of its steepness cell i loses by itself, 0 to strength: nothing where the rise is as
@@ -42,21 +42,20 @@ template <typename Float>
 [[gnu::always_inline]] inline Float ShockLoss(const StripState<Float>& strip, const Float* signal,
                                               Float shockJump, Float strength, int i) {
     const Float* p = strip.P;
-    const Float near = Size(p[i + 1] - p[i - 1]);
-    const Float far = Size(p[i + 2] - p[i - 2]);
+    const Float near = Abs(p[i + 1] - p[i - 1]);
+    const Float far = Abs(p[i + 2] - p[i - 2]);
     // The share of the jump that falls on two cells: 1/2 for a straight line, 1 for a jump.
-    const Float share = Least(near / Most(far, Bound<Float>::Tiny), Bound<Float>::One);
-    const Float flat =
-        Between(Bound<Float>::Zero, Float(10) * share - Float(8.4), Bound<Float>::One);
+    const Float share = Min(near / Max(far, Opaque(Tiny<Float>)), Opaque(Float(1)));
+    const Float flat = Clamp(Opaque(Float(0)), Float(10) * share - Float(8.4), Opaque(Float(1)));
     const Float loss = strength * (flat * Slowness(strip, signal, i));
-    return Choose(IsInShock(p, strip.Ux, shockJump, i), loss, Float(0));
+    return Select(IsInShock(p, strip.Ux, shockJump, i), loss, Float(0));
 }
 
 // The strength of the flattening from the constant `difcon`: 0 at 0 and below, two thirds at 0.3, 1
 // above.
 template <typename Float>
 Float FlatteningStrength(Float difcon) {
-    const Float d = Between(Float(0), difcon, Float(1e6));
+    const Float d = Clamp(Float(0), difcon, Float(1e6));
     return d / (d + Float(0.15));
 }
 
@@ -93,9 +92,9 @@ ShockedCells FlattenShocks(StripState<Float> strip, const Float* signal, Float s
             for (int i = chunk; i < end; ++i) loss[i] = Float(0);
         }
     }
-    const bool any = shocked.InShock > 0 || Most(loss[first - 1], loss[last + 1]) > Float(0);
+    const bool any = shocked.InShock > 0 || Max(loss[first - 1], loss[last + 1]) > Float(0);
     for (int chunk = first; any && chunk <= last; chunk += CellsAtOnce) {
-        const auto most = [&](int i) { return Most(loss[i], Most(loss[i - 1], loss[i + 1])); };
+        const auto most = [&](int i) { return Max(loss[i], Max(loss[i - 1], loss[i + 1])); };
         if (!AnyInChunk<Float>(chunk, [&](int i) { return most(i) > Float(0); })) continue;
         shocked.Flattened += CellsAtOnce;
         for (Parabolas<Float>* family : {&parabolas.Plus, &parabolas.Minus, &parabolas.Zero}) {

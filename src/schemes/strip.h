@@ -164,7 +164,7 @@ Float AdvanceInBlocks(const StripState<Float>& strip, const StripResult<Float>& 
     Float courant = Float(0);
     for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
         const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant = Most(courant, advance(Block(strip, offset, cells), Block(result, offset)));
+        courant = Max(courant, advance(Block(strip, offset, cells), Block(result, offset)));
     }
     return courant;
 }

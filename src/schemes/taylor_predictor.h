@@ -17,7 +17,7 @@ Float PrepareSignals(StripState<Float> strip, Float timeStep, Float gamma, CellR
         const Float perBoth = Float(1) / (width * strip.Rho[i]);
         cells.StepPerWidth[i] = timeStep * (perBoth * strip.Rho[i]);
         cells.StepPerMass[i] = timeStep * perBoth;
-        cells.Signal[i] = Size(strip.Ux[i]) + Root(gamma * (strip.P[i] * (perBoth * width)));
+        cells.Signal[i] = Abs(strip.Ux[i]) + Sqrt(gamma * (strip.P[i] * (perBoth * width)));
     }
     return CourantNumber(cells, strip.Cells);
 }
@@ -86,11 +86,11 @@ void PredictEdgeStates(StripState<Float> strip, const CellRows<Float>& cells, Fl
         const Changes<Float> leftLoss =
             Apply(motion, {(bend.Rho + below.Rho) + bent.Rho, (bend.Ux + below.Ux) + bent.Ux,
                            (bend.P + below.P) + bent.P});
-        states.RhoLeft[i + 1] = Most(rho + (above.Rho + rightGain.Rho), least * rho);
+        states.RhoLeft[i + 1] = Max(rho + (above.Rho + rightGain.Rho), least * rho);
         states.UxLeft[i + 1] = u + (above.Ux + rightGain.Ux);
-        states.PLeft[i + 1] = Most(p + (above.P + rightGain.P), least * p);
-        states.RhoRight[i] = Most(rho - (below.Rho + leftLoss.Rho), least * rho);
+        states.PLeft[i + 1] = Max(p + (above.P + rightGain.P), least * p);
+        states.RhoRight[i] = Max(rho - (below.Rho + leftLoss.Rho), least * rho);
         states.UxRight[i] = u - (below.Ux + leftLoss.Ux);
-        states.PRight[i] = Most(p - (below.P + leftLoss.P), least * p);
+        states.PRight[i] = Max(p - (below.P + leftLoss.P), least * p);
     }
 }

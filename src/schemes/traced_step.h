@@ -91,7 +91,7 @@ Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& c
         CountOperations(GasCost, n, counters);
     }
     UpdateBothCarried(strip, rows.Cells, rows.Fluxes, rows.After, result, counters);
-    return Most(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
+    return Max(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
 }
 
 // Advances the strip by one step and returns its Courant number.
