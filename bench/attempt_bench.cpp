@@ -12,6 +12,7 @@
 #include "core/run/tick_arrays.h"
 #include "core/run/time_step.h"
 #include "core/setup/grid.h"
+#include "loading/scheme_loader.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ ExperimentState ShockTube(const std::string& scheme, int cells) {
     state.MnBdry = 4;
     state.PlotInterval = 1.0;
     state.DTime = 0.1 / cells;
-    TickArrays tick(state);
+    TickArrays tick(state, LoadSchemeLibrary(state.SchemeName));
     while (state.Time < 0.15 && TakeTimeStep(state, tick)) {
     }
     state.DTime *= 1e-6;
@@ -63,7 +64,7 @@ double KernelSeconds(ExperimentState& state, TickArrays& tick) {
 
 void Attempt(benchmark::State& bench, const std::string& scheme, int cells) {
     ExperimentState state = ShockTube(scheme, cells);
-    TickArrays tick(state);
+    TickArrays tick(state, LoadSchemeLibrary(state.SchemeName));
     if (!tick.Library.IsLoaded()) {
         bench.SkipWithError(tick.Library.Trouble.c_str());
         return;

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "core/run/scheme_library.h"
+#include "loading/scheme_loader.h"
 
 struct Controls;
 struct ExperimentState;

@@ -91,7 +91,7 @@ TEST_F(TimeStep, BringsNoSmokeBackWhereNoneIsCarried) {
     };
     TickArrays tick(state, library);
     for (int step = 1; step <= 3; ++step) {
-        ASSERT_TRUE(TakeTimeStep(state, tick)) << tick.Refusal;
+        ASSERT_TRUE(TakeTimeStep(state, tick)) << static_cast<int>(state.Refusal.Kind);
         for (int i = 1; i <= 20; ++i) ASSERT_EQ(state.FSmoke[i], 0.0) << step << ", cell " << i;
     }
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/model/offset_array.h"
+#include "core/model/refusal.h"
 
 struct ExperimentState {
     // ---- Grid and gas ----
@@ -79,6 +80,7 @@ struct ExperimentState {
     int MSec = 5;     // milliseconds between ticks, MSecMin..MSecMax
     int MSecMin = 1;
     int MSecMax = 2000;
+    RunRefusal Refusal;     // why the last run came to a halt, until the next is begun or set up
     int SoundWaveMode = 0;  // 1 from the first sound-wave set-up to the end of the program
 
     // ---- Boundaries and scheme ----
@@ -133,10 +135,6 @@ struct ExperimentState {
     std::string StudentName;       // answer to the name prompt
     std::string TitleText;         // title of the experiment
     int TitleSet = 0;              // 1 once a title has been entered
-    // Why the last run that came to a halt did so, as lblStudentID shows it, and the caption there
-    // that it has taken the place of.
-    std::string StopMessage;
-    std::string CaptionBeforeStop;
 
     // ---- Re-entry guards: 1 while the handler of that control is on the call stack ----
     int hsbDensityBusy = 0;

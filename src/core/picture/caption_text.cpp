@@ -69,3 +69,28 @@ std::string RiemannCaption(const ExperimentState& state, const RiemannProblem& p
            NextItem("XR = ", problem.XR) + NextItem("TStop = ", problem.TStop) + WideComma +
            now.Time + "    " + state.StudentName;
 }
+
+std::string RefusalReason(const RunRefusal& refusal) {
+    if (refusal.Kind == RefusalKind::SchemeMissing) return refusal.Trouble;
+    const char* reason = "";
+    switch (refusal.Kind) {
+        case RefusalKind::CourantNotANumber:
+            reason = "its Courant number is not a number";
+            break;
+        case RefusalKind::CourantTooLarge:
+            reason = "its Courant number stays at 1 or more, however short the step";
+            break;
+        case RefusalKind::ResultNotFinite:
+            reason = "it left a cell without a finite result";
+            break;
+        case RefusalKind::None:
+        case RefusalKind::SchemeMissing:
+            break;
+    }
+    return "the scheme " + refusal.Scheme + " can take no step from this state: " + reason;
+}
+
+std::string RefusalCaption(const RunRefusal& refusal) {
+    return "The run has stopped: " + RefusalReason(refusal) + "." + NewLine +
+           "Press Restart, then choose a scheme by the red button below.";
+}

@@ -1,7 +1,9 @@
-// The texts of the experiment's caption, pure functions of the set-up.
+// The texts of the experiment's caption, pure functions of the set-up and of a refusal.
 #pragma once
 
 #include <string>
+
+#include "core/model/refusal.h"
 
 struct ExperimentState;
 struct RiemannProblem;
@@ -25,3 +27,7 @@ std::string FourPointCaption(const ExperimentState& state, const Moment& now);
 // Two lines: the twelve numbers of a test.
 std::string RiemannCaption(const ExperimentState& state, const RiemannProblem& problem,
                            const Moment& now);
+
+// Why the run has stopped as part of a sentence, and the two lines that tell the user.
+std::string RefusalReason(const RunRefusal& refusal);
+std::string RefusalCaption(const RunRefusal& refusal);

@@ -11,10 +11,6 @@
 
 namespace {
 
-int Stride(const ExperimentState& state) {
-    return state.NGridCells + 2;
-}
-
 void BeginGeneration(ExperimentState& state) {
     state.StoreGeneration += 1;
 }
@@ -32,7 +28,7 @@ void ForEachStoreArray(ExperimentState& state, Change change) {
 // With at most 2002 states of 5003 cells the capacity is far inside 32 bits.
 int BoundedCapacity(const ExperimentState& state) {
     const int slots = std::clamp(state.NPlotsTotal, 1, state.StoredT.Last() + 1);
-    return Stride(state) * slots;
+    return StoreStride(state) * slots;
 }
 
 void CopyFields(ExperimentState& state, int base) {
@@ -78,6 +74,10 @@ void IntegrateInvariants(ExperimentState& state, int base) {
 
 }  // namespace
 
+int StoreStride(const ExperimentState& state) {
+    return state.NGridCells + 2;
+}
+
 void SetNPlotsTotal(ExperimentState& state) {
     state.NPlotsTotal = RoundToEven(state.NPlotsPerPeriod * state.Periods);
 }
@@ -91,7 +91,7 @@ void AllocateStore(ExperimentState& state) {
 
 void ResizeStore(ExperimentState& state) {
     // What was never stored is zero before and after: copying it would only touch its memory.
-    const int keep = Stride(state) * std::max(state.NStored, 1) - 1;
+    const int keep = StoreStride(state) * std::max(state.NStored, 1) - 1;
     state.StoreCapacity = BoundedCapacity(state);
     ForEachStoreArray(state,
                       [&](OffsetArray<float>& array) { array.Resize(state.StoreCapacity, keep); });
@@ -105,36 +105,36 @@ void EmptyStore(ExperimentState& state) {
 }
 
 void TakeSnapshot(ExperimentState& state, int base) {
-    if (base < Stride(state) * state.NStored || base == 0) BeginGeneration(state);
+    if (base < StoreStride(state) * state.NStored || base == 0) BeginGeneration(state);
     CopyFields(state, base);
     IntegrateInvariants(state, base);
 }
 
 bool StoreHasRoom(const ExperimentState& state) {
     return state.NStored <= state.StoredT.Last() &&
-           Stride(state) * state.NStored + state.NGridCells + 1 <= state.StoreCapacity;
+           StoreStride(state) * state.NStored + state.NGridCells + 1 <= state.StoreCapacity;
 }
 
 void StoreState(ExperimentState& state) {
     assert(StoreHasRoom(state));
     FillBoundaryZones(state);
-    TakeSnapshot(state, Stride(state) * state.NStored);
+    TakeSnapshot(state, StoreStride(state) * state.NStored);
     state.NStored += 1;
-    state.StoreOffset = Stride(state) * state.NStored;
+    state.StoreOffset = StoreStride(state) * state.NStored;
     state.StoredStateNumber = state.NStored - 1;
     state.StoredT[state.StoredStateNumber] = state.Time;
 }
 
 bool IsStored(const ExperimentState& state, int s) {
     if (s < 0 || s > state.StoredT.Last()) return false;
-    const int base = Stride(state) * s;
+    const int base = StoreStride(state) * s;
     if (base + state.NGridCells + 1 > state.SRho.Last()) return false;
     return state.SRho[base + 1] > 0.0F;  // a stored density is above 0
 }
 
 void LoadStoredState(ExperimentState& state, int s) {
     assert(IsStored(state, s));
-    const int base = Stride(state) * s;
+    const int base = StoreStride(state) * s;
     for (int i = 0; i <= state.NGridCells + 1; ++i) {
         state.Rho[i] = state.SRho[base + i];
         state.P[i] = state.SP[base + i];

@@ -3,6 +3,9 @@
 
 struct ExperimentState;
 
+// Elements from one stored state to the next.
+int StoreStride(const ExperimentState& state);
+
 // Allocates the eight store arrays anew, all zero, for NPlotsTotal states, and sets StoreCapacity.
 // There is always room for state 0 and never for more states than StoredT has times, so that the
 // store stays bounded whatever was typed.

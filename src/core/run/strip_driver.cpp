@@ -103,6 +103,16 @@ template <typename Float, typename Lawful>
     return check.AllWereFinite();
 }
 
+// Cells 1..count whose density or pressure lies below its floor.
+template <typename Float>
+int CountFloored(const ExperimentState& state, const StripArrays<Float>& arrays, int count) {
+    int floored = 0;
+    for (int i = 1; i <= count; ++i) {
+        floored += arrays.RhoStrip[i] < state.RhoFloor || arrays.PStrip[i] < state.PFloor;
+    }
+    return floored;
+}
+
 // Real cells 1..W of the results to their place in the grid, at most as far as cell N: Heron32's
 // last strip reaches further. Where no smoke is carried FSmokeNew is clear already.
 template <typename Float>
@@ -118,6 +128,7 @@ WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
         return (velocity < floor) & (velocity > -floor) ? 0.0 : velocity;
     };
     const auto asItIs = [](double value) { return value; };
+    if (tick.Observer != nullptr) tick.FlooredNow += CountFloored(state, arrays, count);
     bool finite =
         Take(arrays.RhoStrip.At(1), count, widest, tick.RhoOut.At(first), raisedTo(state.RhoFloor));
     finite &= Take(arrays.PStrip.At(1), count, widest, tick.POut.At(first), raisedTo(state.PFloor));
@@ -291,6 +302,7 @@ int CallsPerStrip(const ExperimentState& state) {
 void AdvanceAllStrips(ExperimentState& state, TickArrays& tick) {
     if (!tick.Library.IsLoaded()) return;
     tick.OpCounters.fill(0);
+    tick.FlooredNow = 0;
     tick.RepeatCount = CallsPerStrip(state);
     tick.ResultsAreFinite = true;
     if (tick.Library.Kestrel64 != nullptr) {

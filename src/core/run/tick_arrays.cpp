@@ -31,9 +31,6 @@ NarrowedGrid::NarrowedGrid(int last) {
     }
 }
 
-TickArrays::TickArrays(const ExperimentState& state)
-    : TickArrays(state, LoadSchemeLibrary(state.SchemeName)) {}
-
 TickArrays::TickArrays(const ExperimentState& state, const SchemeLibrary& library)
     : Library(library), StepDT(state.DTime) {
     if (!Library.IsLoaded()) return;

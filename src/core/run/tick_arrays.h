@@ -1,12 +1,12 @@
-// What one metronome tick works with and forgets at its end.
+// What the steps of a run work with. Nothing in here outlives a tick but room and counts.
 #pragma once
 
 #include <array>
 #include <limits>
-#include <string>
 
 #include "core/model/offset_array.h"
 #include "core/run/scheme_library.h"
+#include "core/run/step_observer.h"
 
 struct ExperimentState;
 
@@ -58,14 +58,12 @@ struct NarrowedGrid {
 struct TickArrays {
     // Everything is allocated here, none of it during a step, and only for the road that the
     // scheme takes.
-    explicit TickArrays(const ExperimentState& state);
     TickArrays(const ExperimentState& state, const SchemeLibrary& library);
 
     SchemeLibrary Library;
     double StepDT = 0.0;       // DTime, as handed to the library
     double StepCourant = 0.0;  // Courant number of the step under way
     bool ResultsAreFinite = true;
-    std::string Refusal;  // why the last step could not be taken, as part of a sentence
 
     // New state of cells 1..N, on arrays as long as the fields whose place they take.
     OffsetArray<double> RhoOut, POut, UxOut;
@@ -74,6 +72,10 @@ struct TickArrays {
     NarrowedGrid Grid32;
     StripArrays<double> Strip64;
     StripArrays<float> Strip32;
+
+    const StepObserver* Observer = nullptr;  // not owned
+    StepCounts Counts;                       // of all ticks that the arrays have served
+    int FlooredNow = 0;                      // of the attempt under way, see StepCounts
 
     int RepeatCount = 1;              // calls per strip, above 1 only for the meter
     std::array<int, 9> OpCounters{};  // 1 to 8 are the libraries' operation counts

@@ -24,12 +24,13 @@ constexpr int MostAttempts = 300;
 constexpr int MostCellUpdates = 6'500'000;
 constexpr int MostMeteredUpdates = 25'000'000;
 
-std::string NoStep(const ExperimentState& state) {
-    return "the scheme " + state.SchemeName + " can take no step from this state: ";
+bool Refuse(ExperimentState& state, RefusalKind kind, const std::string& trouble = {}) {
+    state.Refusal = {kind, state.SchemeName, trouble};
+    return false;
 }
 
 // True once an attempt has come in under the Courant gate. Every failed one shortens the step; if
-// all fail, tick.Refusal says how.
+// all fail, state.Refusal says how.
 bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
     for (int attempt = 0; attempt < MostAttempts; ++attempt) {
         tick.StepDT = state.DTime;
@@ -38,14 +39,14 @@ bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
         AdvanceAllStrips(state, tick);
         if (state.MeterOn > 0) CountOperations(state, tick);
         if (std::isnan(tick.StepCourant)) {
-            tick.Refusal = NoStep(state) + "its Courant number is not a number";
-            return false;
+            return Refuse(state, RefusalKind::CourantNotANumber);
         }
         if (tick.StepCourant < 1.0) return true;
+        tick.Counts.Rejected += 1;
+        if (tick.Observer != nullptr && tick.Observer->Rejects) tick.Observer->Rejects(state, tick);
         state.DTime *= 0.9;
     }
-    tick.Refusal = NoStep(state) + "its Courant number stays at 1 or more, however short the step";
-    return false;
+    return Refuse(state, RefusalKind::CourantTooLarge);
 }
 
 }  // namespace
@@ -83,19 +84,20 @@ void ControlTimeStep(ExperimentState& state, double stepCourant) {
 
 bool TakeTimeStep(ExperimentState& state, TickArrays& tick) {
     if (!tick.Library.IsLoaded()) {
-        tick.Refusal = tick.Library.Trouble;
-        return false;
+        return Refuse(state, RefusalKind::SchemeMissing, tick.Library.Trouble);
     }
     const double stepBefore = state.DTime;
     bool mayAccept = PassCourantGate(state, tick);
     if (mayAccept && !tick.ResultsAreFinite) {
-        tick.Refusal = NoStep(state) + "it left a cell without a finite result";
-        mayAccept = false;
+        mayAccept = Refuse(state, RefusalKind::ResultNotFinite);
     }
     if (!mayAccept) {
         state.DTime = stepBefore;
         return false;
     }
+    if (tick.Observer != nullptr && tick.Observer->Accepts) tick.Observer->Accepts(state, tick);
+    tick.Counts.Steps += 1;
+    tick.Counts.Floored += tick.FlooredNow;
     AcceptStep(state, tick);
     state.Time += state.DTime;
     state.TimeToPlot -= state.DTime;

@@ -6,6 +6,7 @@
 #include "core/model/experiment_state.h"
 #include "core/model/number_text.h"
 #include "core/run/axis_ranges.h"
+#include "core/run/first_step.h"
 #include "core/run/state_store.h"
 #include "core/setup/grid.h"
 #include "core/setup/smoke.h"
@@ -78,10 +79,8 @@ void BuildBlastWaves(ExperimentState& state) {
     state.MSelected = m2;
 
     SetOuterEdges(state);
-    const double crossing =
-        ShortestCrossingTime(state, (state.X[2] - state.X[1]) / state.SoundSpeed0);
-    state.DTime = (state.CourantNumber * 0.1) * crossing;
+    state.DTime = FirstTimeStep(state);
     InitSmokePattern(state);
     TakeSnapshot(state, 0);
-    SetPeriodClock(state);
+    SetPeriodClock(state, 1.0 / state.C[1]);
 }

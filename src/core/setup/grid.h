@@ -18,17 +18,9 @@ void AllocateArrays(ExperimentState& state);
 // Sets the outer edges X[0] and X[N+2] as mirror images.
 void SetOuterEdges(ExperimentState& state);
 
-// Works out C2 and C of cells 0..N+1 and gives the shortest time in which a sound wave crosses a
-// cell, at most `bound`.
-double ShortestCrossingTime(ExperimentState& state, double bound);
-
 // DTime before the first step: a tenth of what the Courant target allows, at most PlotInterval.
 // Sets the outer edges, C2 and C on the way. Needs densities and pressures above 0.
 void SetInitialDTime(ExperimentState& state);
-
-// PeriodTime from the sound speed of cell 1, the plot interval and TStop from it, and DTime held to
-// the plot interval.
-void SetPeriodClock(ExperimentState& state);
 
 // The lists of control points with room for N+2, contents kept as far as they fit.
 void ResizeControlPointLists(ExperimentState& state);

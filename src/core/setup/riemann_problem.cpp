@@ -7,6 +7,7 @@
 #include "core/model/limits.h"
 #include "core/model/number_text.h"
 #include "core/run/axis_ranges.h"
+#include "core/run/first_step.h"
 #include "core/run/state_store.h"
 #include "core/setup/grid.h"
 #include "core/setup/smoke.h"
@@ -95,17 +96,13 @@ void BuildRiemannProblem(ExperimentState& state, const RiemannProblem& problem) 
     FillCells(state.Uy, m + 1, n + 1, problem.UyR);
 
     SetOuterEdges(state);
-    const double crossing =
-        ShortestCrossingTime(state, (state.X[2] - state.X[1]) / state.SoundSpeed0);
+    const double firstStep = FirstTimeStep(state);
     InitSmokePattern(state);
     TakeSnapshot(state, 0);
-    state.DTime = std::min((state.CourantNumber * 0.1) * crossing, state.PlotInterval);
+    state.DTime = std::min(firstStep, state.PlotInterval);
 }
 
 void SetRiemannClock(ExperimentState& state, double tStop) {
     // The fields may be those of a wave, laid after the sound speeds were worked out.
-    state.PeriodTime = 1.0 / std::sqrt(state.P[1] * state.Gamma / state.Rho[1]);
-    state.TStop = tStop;
-    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
-    state.TimeToPlot = state.PlotInterval;
+    SetClock(state, 1.0 / std::sqrt(state.P[1] * state.Gamma / state.Rho[1]), tStop);
 }

@@ -5,6 +5,7 @@
 
 #include "core/model/experiment_state.h"
 #include "core/run/axis_ranges.h"
+#include "core/run/first_step.h"
 #include "core/setup/smoke.h"
 
 namespace {
@@ -164,10 +165,7 @@ void TakeSoundWave(ExperimentState& state, const SoundWaveFields& wave) {
     state.SoundSpeed0 = 1.0;
     state.RhoSel = 1.0;
     state.PSel = 1.0 / state.Gamma;
-    state.PeriodTime = 1.0;  // the time in which a sound wave crosses the domain
-    state.PlotInterval = 1.0 / state.NPlotsPerPeriod;
-    state.TimeToPlot = state.PlotInterval;
-    state.TStop = state.Periods;
+    SetClock(state, 1.0, state.Periods);  // a sound wave crosses the domain in 1 unit of time
 
     for (int i = 0; i <= n + 1; ++i) {
         state.Rho[i] = wave.Rho[i];

@@ -17,7 +17,7 @@ void vsbStoredStateNumber_Change(ExperimentState& state, Controls& controls) {
     state.StoredStateNumber = s;
     PutText(controls.txtStoredStateNumber, FormatNumber(s, "###0"));
     PutTime(controls.txtTime, state.StoredT[s]);
-    state.StoreOffset = (state.NGridCells + 2) * s;
+    state.StoreOffset = StoreStride(state) * s;
     LoadStoredState(state, s);
     RepaintPlots(state, controls);
 }

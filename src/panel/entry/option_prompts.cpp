@@ -1,7 +1,6 @@
 #include "panel/entry/option_prompts.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <string>
 
@@ -10,6 +9,7 @@
 #include "core/model/limits.h"
 #include "core/model/number_text.h"
 #include "core/model/run_stage.h"
+#include "core/run/scheme_table.h"
 #include "panel/controls.h"
 #include "panel/dialogs/prompt.h"
 #include "panel/plots/line_plots.h"
@@ -40,11 +40,6 @@ std::string AskScheme(Controls& controls, const std::string& offered, const std:
     return answer.empty() ? kept : answer;
 }
 
-bool IsSchemeName(const std::string& name) {
-    constexpr std::array<const char*, 4> names = {"Kestrel", "Kestrel32", "Heron32", "Plover"};
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
 void AskConstant(Controls& controls, const std::string& kind, const std::string& name,
                  double& value) {
     const auto answer = ReadNumber(
@@ -68,7 +63,7 @@ void cmdBoundaryConditionType_Click(ExperimentState& state, Controls& controls) 
 void cmdNumericalScheme_Click(ExperimentState& state, Controls& controls) {
     if (!IsBeforeRun(state)) return;
     state.SchemeName = AskScheme(controls, state.SchemeName, state.SchemeName);
-    if (!IsSchemeName(state.SchemeName)) {
+    if (FindScheme(state.SchemeName) == nullptr) {
         state.SchemeName = "Kestrel";
         state.SchemeName = AskScheme(controls, "Kestrel", "Kestrel");
     }

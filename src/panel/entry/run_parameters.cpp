@@ -8,7 +8,7 @@
 #include "core/model/limits.h"
 #include "core/model/number_text.h"
 #include "core/model/run_stage.h"
-#include "core/run/state_store.h"
+#include "core/run/first_step.h"
 #include "panel/controls.h"
 #include "panel/plots/experiment_caption.h"
 #include "panel/widgets/control_values.h"
@@ -19,12 +19,6 @@ std::optional<double> PositiveNumberIn(const QLineEdit* box) {
     const std::optional<double> number = ReadNumber(TextOf(box));
     if (!number || *number <= 0.0) return std::nullopt;
     return number;
-}
-
-// The store follows the number of plots; what is stored stays.
-void FollowNumberOfPlots(ExperimentState& state) {
-    SetNPlotsTotal(state);
-    ResizeStore(state);
 }
 
 }  // namespace
@@ -54,9 +48,7 @@ void txtNPeriods_Change(ExperimentState& state, Controls& controls) {
     }
     const std::optional<double> number = PositiveNumberIn(controls.txtNPeriods);
     if (!number || *number > LargestValue) return;
-    state.Periods = *number;
-    state.TStop = state.Periods * state.PeriodTime;
-    FollowNumberOfPlots(state);
+    SetPeriods(state, *number);
     ComposeExperimentCaption(state, controls);
 }
 
@@ -68,9 +60,5 @@ void txtNPlotsPerPeriod_Change(ExperimentState& state, Controls& controls) {
     const std::optional<double> number = PositiveNumberIn(controls.txtNPlotsPerPeriod);
     // Less than half a plot would leave no plot interval at all.
     if (!number || RoundToEven(*number) < 1) return;
-    state.NPlotsPerPeriod = RoundToEven(*number);
-    FollowNumberOfPlots(state);
-    state.PlotInterval = state.PeriodTime / state.NPlotsPerPeriod;
-    state.TimeToPlot = state.PlotInterval;
-    state.DTime = std::min(state.DTime, state.PlotInterval);
+    SetPlotsPerPeriod(state, RoundToEven(*number));
 }

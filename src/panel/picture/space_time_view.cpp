@@ -9,6 +9,7 @@
 #include "core/model/experiment_state.h"
 #include "core/model/number_text.h"
 #include "core/picture/space_time_raster.h"
+#include "core/run/scheme_table.h"
 #include "core/run/state_store.h"
 #include "panel/controls.h"
 #include "panel/picture/space_time_places.h"
@@ -56,13 +57,16 @@ std::optional<PictureOrder> OrderPicture(const ExperimentState& state, Controls&
     if (state.SpaceTimeBig != 0) {
         PutCaption(controls.lblVelocityPlot, TextOf(controls.lstGrayVariable));
     }
-    if (state.SchemeName == "Plover" && TextOf(controls.lstGrayVariable) == "FSmoke") {
+    const SchemeRow* scheme = FindScheme(state.SchemeName);
+    if (scheme != nullptr && !scheme->CarriesSmoke &&
+        TextOf(controls.lstGrayVariable) == "FSmoke") {
         PutListText(controls.lstGrayVariable, "Density");
     }
     const OffsetArray<float>* stored = StoredVariable(state, TextOf(controls.lstGrayVariable));
     if (stored == nullptr) return std::nullopt;
     const int n = state.NGridCells;
-    return PictureOrder{{stored->At(0), n, states, n + 2, state.StoreGeneration}, width, height};
+    return PictureOrder{
+        {stored->At(0), n, states, StoreStride(state), state.StoreGeneration}, width, height};
 }
 
 // Lo and Hi become the extremes. The raster's first row in memory is the bottom row of the picture.

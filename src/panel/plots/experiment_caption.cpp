@@ -29,7 +29,7 @@ bool IsFree(const ExperimentState& state, const Controls& controls) {
 }  // namespace
 
 void ComposeExperimentCaption(const ExperimentState& state, Controls& controls) {
-    TakeStopMessageAway(state, controls);
+    HideRefusal(controls);
     if (!IsFree(state, controls)) return;
     if (state.SoundWaveMode == 1) {
         PutCaption(controls.lblStudentID, SoundWaveCaption(state, Now()));
@@ -41,27 +41,22 @@ void ComposeExperimentCaption(const ExperimentState& state, Controls& controls) 
 }
 
 void ComposeSoundWaveCaption(const ExperimentState& state, Controls& controls) {
-    TakeStopMessageAway(state, controls);
+    HideRefusal(controls);
     if (!IsAsTheWindowCameUp(state, controls)) return;
     PutCaption(controls.lblStudentID, SoundWaveCaption(state, Now()));
 }
 
 void ComposeRiemannCaption(const ExperimentState& state, Controls& controls,
                            const RiemannProblem& problem) {
-    TakeStopMessageAway(state, controls);
+    HideRefusal(controls);
     if (!IsFree(state, controls)) return;
     PutCaption(controls.lblStudentID, RiemannCaption(state, problem, Now()));
 }
 
-void ShowStopMessage(ExperimentState& state, Controls& controls, const std::string& message) {
-    TakeStopMessageAway(state, controls);
-    state.CaptionBeforeStop = CaptionOf(controls.lblStudentID);
-    PutCaption(controls.lblStudentID, message);
-    // As the label gives it back: bytes that are no text, say of a path, come back as other ones.
-    state.StopMessage = CaptionOf(controls.lblStudentID);
+void ShowRefusal(const ExperimentState& state, Controls& controls) {
+    ShowMessageOver(controls.lblStudentID, RefusalCaption(state.Refusal));
 }
 
-void TakeStopMessageAway(const ExperimentState& state, Controls& controls) {
-    if (CaptionOf(controls.lblStudentID) != state.StopMessage) return;
-    PutCaption(controls.lblStudentID, state.CaptionBeforeStop);
+void HideRefusal(Controls& controls) {
+    TakeMessageAway(controls.lblStudentID);
 }

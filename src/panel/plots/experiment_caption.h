@@ -1,8 +1,6 @@
 // The label that keeps the record of the experiment, and for a while says why a run has stopped.
 #pragma once
 
-#include <string>
-
 struct Controls;
 struct ExperimentState;
 struct RiemannProblem;
@@ -19,9 +17,10 @@ void ComposeSoundWaveCaption(const ExperimentState& state, Controls& controls);
 void ComposeRiemannCaption(const ExperimentState& state, Controls& controls,
                            const RiemannProblem& problem);
 
-// Lays a message over the caption, the user's title included.
-void ShowStopMessage(ExperimentState& state, Controls& controls, const std::string& message);
+// Lays the reason of state.Refusal over the caption, the user's title included: a box would wait
+// for an answer in the middle of the tick.
+void ShowRefusal(const ExperimentState& state, Controls& controls);
 
-// Takes it away again, so that the label is as if it had never been there. Each of the above begins
-// with this; without a message, or once another caption has taken its place, nothing happens.
-void TakeStopMessageAway(const ExperimentState& state, Controls& controls);
+// Takes it away again, so that the label is as if it had never been there. Each Compose begins with
+// this; without a message, or once another caption has taken its place, nothing happens.
+void HideRefusal(Controls& controls);

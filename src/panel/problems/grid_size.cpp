@@ -59,7 +59,7 @@ void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
     if (state.SoundWaveMode == 0) {
         ApplySetUp(state, controls);
     } else {
-        TakeStopMessageAway(state, controls);
+        HideRefusal(controls);
         AllocateArrays(state);
         InitSoundWave(state, controls);
     }

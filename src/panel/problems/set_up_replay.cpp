@@ -8,6 +8,7 @@
 #include "core/model/gas.h"
 #include "core/model/number_text.h"
 #include "core/run/axis_ranges.h"
+#include "core/run/first_step.h"
 #include "core/run/state_store.h"
 #include "core/setup/grid.h"
 #include "core/setup/smoke.h"
@@ -151,9 +152,8 @@ void ApplySetUp(ExperimentState& state, Controls& controls) {
     state.MultiplePlots = 0;
     ReplayPoints(state, controls);
 
-    const double crossing = ShortestCrossingTime(state, state.DX / state.SoundSpeed0);
-    state.DTime = (state.CourantNumber * 0.1) * crossing;
-    SetPeriodClock(state);
+    state.DTime = FirstTimeStep(state);
+    SetPeriodClock(state, 1.0 / state.C[1]);
     TakeSnapshot(state, 0);
     ComposeExperimentCaption(state, controls);
     if (state.NSelected == 0) ShowBareGrid(state, controls);

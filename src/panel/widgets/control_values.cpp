@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QVariant>
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -12,6 +13,10 @@
 #include "core/model/number_text.h"
 
 namespace {
+
+// Names of a label's properties.
+constexpr const char* CoveredCaption = "coveredCaption";
+constexpr const char* ShownMessage = "shownMessage";
 
 int To16Bits(int value) {
     constexpr int lowest = std::numeric_limits<std::int16_t>::min();
@@ -48,6 +53,22 @@ void PutCaption(QLabel* label, const std::string& caption) {
     if (label->text() == text) return;
     label->setText(text);
     label->setAccessibleName(text.simplified());
+}
+
+// The label's own text is what is remembered: bytes that are no text, say of a path, come back as
+// other ones.
+void ShowMessageOver(QLabel* label, const std::string& message) {
+    TakeMessageAway(label);
+    const std::string covered = CaptionOf(label);
+    PutCaption(label, message);
+    label->setProperty(CoveredCaption, QString::fromStdString(covered));
+    label->setProperty(ShownMessage, label->text());
+}
+
+void TakeMessageAway(QLabel* label) {
+    const QVariant message = label->property(ShownMessage);
+    if (!message.isValid() || label->text() != message.toString()) return;
+    PutCaption(label, label->property(CoveredCaption).toString().toStdString());
 }
 
 void PutCaption(QPushButton* button, const std::string& caption) {

@@ -24,6 +24,12 @@ std::string CaptionOf(const QLabel* label);
 void PutCaption(QLabel* label, const std::string& caption);
 void PutCaption(QPushButton* button, const std::string& caption);
 
+// Lays a message over a label's caption, and takes it away again so that the label is as if it had
+// never been there. Without a message, or once another caption has taken its place, nothing
+// happens.
+void ShowMessageOver(QLabel* label, const std::string& message);
+void TakeMessageAway(QLabel* label);
+
 // A bar's numbers have 16 bits; one beyond them becomes the nearest that has. A value stays within
 // its bar's range, and a range that comes to exclude the value pulls it in.
 int BarValue(const QScrollBar* bar);
