@@ -3,12 +3,16 @@
 // unit. N below is NGridCells, and \ is truncating integer division.
 #pragma once
 
+#include <limits>
 #include <string>
 
 #include "core/model/offset_array.h"
 #include "core/model/refusal.h"
 
 struct ExperimentState {
+    // A time that no problem has set yet, and that bounds nothing.
+    static constexpr double Unlimited = std::numeric_limits<double>::infinity();
+
     // ---- Grid and gas ----
     int NGridCells = 400;        // N, the number of real cells, 6..MaxGridCells
     double NGridCellsD = 400.0;  // the same as a float
@@ -63,17 +67,17 @@ struct ExperimentState {
     OffsetArray<double> VxSelList;   // velocity
 
     // ---- Clock and time-step control ----
-    double Time = 0.0;            // exactly 0.0 until the first accepted step
-    double DTime = 0.0;           // present time step
-    double DTime0 = 0.0;          // time step at the start of the run
-    double CourantNumber = 0.85;  // target, above 0 and below 1
-    double PeriodTime = 0.0;      // the problem's unit of time
-    double Periods = 1.5;         // length of a run in units of PeriodTime
-    double TStop = 0.0;           // problem time at which a run ends
-    int NPlotsPerPeriod = 400;    // stored states per unit of time
-    int NPlotsTotal = 600;        // NPlotsPerPeriod*Periods, to the nearest integer
-    double PlotInterval = 0.0;    // problem time between two stored states
-    double TimeToPlot = 0.0;      // countdown to the next stored state
+    double Time = 0.0;                // exactly 0.0 until the first accepted step
+    double DTime = 0.0;               // present time step
+    double DTime0 = 0.0;              // time step at the start of the run
+    double CourantNumber = 0.85;      // target, above 0 and below 1
+    double PeriodTime = Unlimited;    // the problem's unit of time
+    double Periods = 1.5;             // length of a run in units of PeriodTime
+    double TStop = 0.0;               // problem time at which a run ends
+    int NPlotsPerPeriod = 400;        // stored states per unit of time
+    int NPlotsTotal = 600;            // NPlotsPerPeriod*Periods, to the nearest integer
+    double PlotInterval = Unlimited;  // problem time between two stored states
+    double TimeToPlot = 0.0;          // countdown to the next stored state
 
     // ---- Run control ----
     int Stopped = 1;  // 0 while ticks advance the experiment, else 1

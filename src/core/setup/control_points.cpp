@@ -105,6 +105,15 @@ void CopyEndPoint(ExperimentState& state, int fromEntry, int toEntry, int fromCe
     RefreshSoundSpeed(state, toCell);
 }
 
+// The cells between entry b and the one before it.
+void LayLeftRamp(ExperimentState& state, int b, const PointValues& values) {
+    const int a = state.MSelList[b - 1];
+    const int cell = state.MSelList[b];
+    LayRamp(state, a + 1, cell - 1, Slope(CellValues(state, a), values, cell - a));
+    ClearTransverse(state, a + 1, cell - 1);
+    RefreshSoundSpeed(state, cell);
+}
+
 }  // namespace
 
 int FindControlPoint(const ExperimentState& state, int cell) {
@@ -128,10 +137,7 @@ void InsertControlPoint(ExperimentState& state, int m, const PointValues& values
         SetCell(state, m, values);
     }
 
-    const int a = state.MSelList[b - 1];
-    LayRamp(state, a + 1, cell - 1, Slope(CellValues(state, a), values, cell - a));
-    ClearTransverse(state, a + 1, cell - 1);
-    RefreshSoundSpeed(state, cell);
+    LayLeftRamp(state, b, values);
 
     // Measured from the point towards its right neighbour: down the slope from right to left.
     const int c = state.MSelList[b + 1];
@@ -141,6 +147,18 @@ void InsertControlPoint(ExperimentState& state, int m, const PointValues& values
 
     if (m == 1) CopyEndPoint(state, 1, 0, 1, 0);
     if (m == n) CopyEndPoint(state, state.NSelected, state.NSelected + 1, n, n + 1);
+}
+
+void ReplaceControlPoint(ExperimentState& state, int k, const PointValues& values) {
+    assert(state.NSelected > 1);
+    const int m = state.MSelList[k];
+    SetEntry(state, k, m, PositionOf(state, m, state.MSelList[k - 1]), values);
+    SetCell(state, m, values);
+    LayLeftRamp(state, k, values);
+    if (m == 1) CopyEndPoint(state, 1, 0, 1, 0);
+    if (m == state.NGridCells) {
+        CopyEndPoint(state, state.NSelected, state.NSelected + 1, m, m + 1);
+    }
 }
 
 void RemoveControlPoint(ExperimentState& state, int k) {

@@ -19,6 +19,11 @@ int FindControlPoint(const ExperimentState& state, int cell);
 // is filled; on an end cell the bounding cell beyond it follows.
 void InsertControlPoint(ExperimentState& state, int m, const PointValues& values);
 
+// Takes entry k off the list and puts its cell on it anew with these values, but leaves the cells
+// towards the next point to that point. Entries k+1.. are to follow in their order. Needs two
+// points or more.
+void ReplaceControlPoint(ExperimentState& state, int k, const PointValues& values);
+
 // Takes entry k off the list and closes the gap with a ramp between its former neighbours, from
 // the fields as they stand. The last point of all leaves the fields alone.
 void RemoveControlPoint(ExperimentState& state, int k);

@@ -306,6 +306,10 @@ SetUpReading ReadSetUpText(std::string_view text, int maxGridCells) {
 }
 
 void TakeSetUpValues(ExperimentState& state, SetUpValues values) {
+    for (int k = 0; k <= values.NSelected + 1; ++k) {
+        values.RhoSelList[k] = std::max(values.RhoSelList[k], state.RhoFloor);
+        values.PSelList[k] = std::max(values.PSelList[k], state.PFloor);
+    }
     for (const Parameter& parameter : Parameters) {
         if (parameter.Real != nullptr) {
             state.*parameter.Real = values.*parameter.ReadReal;

@@ -58,5 +58,6 @@ std::string WriteSetUpText(const ExperimentState& state);
 // - no axis that ends below its beginning, and none without length if there are no points
 SetUpReading ReadSetUpText(std::string_view text, int maxGridCells);
 
-// Puts the numbers and the lists in the place of the experiment's own; nothing else changes.
+// Puts the numbers and the lists in the place of the experiment's own, densities and pressures
+// raised to their floors as in the boxes; nothing else changes.
 void TakeSetUpValues(ExperimentState& state, SetUpValues values);

@@ -8,8 +8,7 @@
 #include "core/model/run_stage.h"
 #include "core/run/axis_ranges.h"
 #include "core/setup/control_points.h"
-#include "core/setup/grid.h"
-#include "core/setup/smoke.h"
+#include "core/setup/point_replay.h"
 #include "panel/controls.h"
 #include "panel/entry/value_entry.h"
 #include "panel/plots/experiment_caption.h"
@@ -36,11 +35,7 @@ void ShowPoint(Controls& controls, int cell, const PointValues& values) {
 
 // Takes the selected cell off the list if it is there, and shows what stands then.
 void DeselectCell(ExperimentState& state, Controls& controls) {
-    const int k = FindControlPoint(state, state.MSelected);
-    if (k > 0) RemoveControlPoint(state, k);
-
-    SetInitialDTime(state);
-    InitSmokePattern(state);
+    DeselectPoint(state, state.MSelected);
     ComposeExperimentCaption(state, controls);
     ClearAndPaintPlots(state, controls);
 }
@@ -58,14 +53,7 @@ void cmdSelect_Click(ExperimentState& state, Controls& controls) {
     // A point is never edited in place: it is taken off and put on anew. Which one, the selected
     // cell tells: the box can still hold a text that was refused on a smaller grid.
     if (FindControlPoint(state, m) > 0) DeselectCell(state, controls);
-    state.RhoSel = values.Rho;
-    state.PSel = values.P;
-    state.VxSel = values.Vx;
-    state.MSelected = m;
-    InsertControlPoint(state, m, values);
-
-    SetInitialDTime(state);
-    InitSmokePattern(state);
+    SelectPoint(state, m, values);
     ShowPoint(controls, m, values);
     ComposeExperimentCaption(state, controls);
     ClearAndPaintPlots(state, controls);

@@ -21,6 +21,7 @@ void SetUpTest(ExperimentState& state, Controls& controls, std::size_t number) {
 }  // namespace
 
 void InitRiemannProblem(ExperimentState& state, Controls& controls, const RiemannProblem& problem) {
+    state.Refusal = {};
     ComposeRiemannCaption(state, controls, problem);
     BuildRiemannProblem(state, problem);
     FillValueControls(state, controls);

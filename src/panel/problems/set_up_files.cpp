@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -36,11 +35,6 @@ std::optional<std::string> ContentOf(const QString& name) {
     return content.toStdString();
 }
 
-// A density or a pressure below its floor counts as the floor, as in the boxes.
-void RaiseTo(double floor, OffsetArray<double>& list, int last) {
-    for (int k = 0; k <= last; ++k) list[k] = std::max(list[k], floor);
-}
-
 }  // namespace
 
 void cmdWriteSetUp_Click(ExperimentState& state, Controls& controls) {
@@ -60,9 +54,6 @@ void cmdReadSetUp_Click(ExperimentState& state, Controls& controls) {
     SetUpReading reading = ReadSetUpText(*text, state.MaxGridCells);
     if (!reading.Message.empty()) ShowMessage(controls, reading.Message);
     if (!reading.Values) return;
-    SetUpValues& values = *reading.Values;
-    RaiseTo(state.RhoFloor, values.RhoSelList, values.NSelected + 1);
-    RaiseTo(state.PFloor, values.PSelList, values.NSelected + 1);
-    TakeSetUpValues(state, std::move(values));
+    TakeSetUpValues(state, std::move(*reading.Values));
     ApplySetUp(state, controls);
 }

@@ -9,6 +9,7 @@
 #include "core/model/limits.h"
 #include "core/model/number_text.h"
 #include "core/model/run_stage.h"
+#include "core/setup/problems.h"
 #include "core/setup/sound_wave.h"
 #include "panel/controls.h"
 #include "panel/dialogs/prompt.h"
@@ -26,27 +27,17 @@ struct SoundWaveSettings {
         : Mode(state.SoundWaveMode),
           MnBdry(state.MnBdry),
           MxBdry(state.MxBdry),
-          Amplitudes{state.RPlusAmp, state.RMinusAmp, state.R0Amp},
-          Frequencies{state.RPlusFreq, state.RMinusFreq, state.R0Freq},
-          U0(state.U0) {}
+          Waves(WavesOf(state)) {}
 
     void PutBack(ExperimentState& state) const {
         state.SoundWaveMode = Mode;
         state.MnBdry = MnBdry;
         state.MxBdry = MxBdry;
-        state.RPlusAmp = Amplitudes[0];
-        state.RMinusAmp = Amplitudes[1];
-        state.R0Amp = Amplitudes[2];
-        state.RPlusFreq = Frequencies[0];
-        state.RMinusFreq = Frequencies[1];
-        state.R0Freq = Frequencies[2];
-        state.U0 = U0;
+        TakeWaves(state, Waves);
     }
 
     int Mode, MnBdry, MxBdry;
-    double Amplitudes[3];
-    int Frequencies[3];
-    double U0;
+    SoundWaves Waves;
 };
 
 void AskNumber(Controls& controls, const std::string& message, const std::string& title,
@@ -113,6 +104,7 @@ void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
         PutPlotCaptions(controls, formerCaptions);
         return;
     }
+    state.Refusal = {};
     ComposeSoundWaveCaption(state, controls);
     cmdReset_Click(state, controls);
     InitSoundWave(state, controls);
@@ -120,8 +112,6 @@ void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
 
 void InitSoundWave(ExperimentState& state, Controls& controls) {
     if (state.SoundWaveMode == 0) return;
-    // A grid that is too coarse for the waves, perhaps on the way to a finer one, shows none.
-    const std::optional<SoundWaveFields> wave = IntegrateSoundWave(state);
-    TakeSoundWave(state, wave ? *wave : QuietBackground(state));
+    BuildSoundWave(state);
     ClearAndPaintPlots(state, controls);
 }
