@@ -13,11 +13,13 @@
 #include <string>
 #include <vector>
 
+#include "core/analysis/error_norms.h"
+#include "core/analysis/exact_riemann.h"
+#include "core/analysis/exact_solution.h"
 #include "core/setup/riemann_problem.h"
 #include "guide/guide_problems.h"
 #include "panel/widgets/look.h"
 #include "panel/window/main_window.h"
-#include "verify/exact_riemann.h"
 
 namespace {
 
@@ -177,15 +179,9 @@ void PrintSteepening() {
     }
 }
 
-double DensityError(const ExperimentState& state, std::size_t test) {
-    const ExactRiemann exact = ExactTest(test);
-    double sum = 0.0;
-    for (int i = 1; i <= state.NGridCells; ++i) {
-        const GasState mean = ExactCellAverage(exact, RiemannTests[test - 1].XJump, state.Time,
-                                               state.X[i], state.X[i + 1]);
-        sum += std::abs(state.Rho[i] - mean.Rho);
-    }
-    return sum / state.NGridCells;
+double DensityError(const ExperimentState& state) {
+    const ExactFields exact = ExactFieldsOf(FindExactSolution(state), state);
+    return CompareFields(state.Rho, exact.Rho, state.X, state.NGridCells).Mean;
 }
 
 void PrintConvergence() {
@@ -198,7 +194,7 @@ void PrintConvergence() {
             panel.Type("txtNGridCells", cells);
             PressTest(panel, 1);
             RunOrExit(panel);
-            std::printf("  %s: %.6f", cells, DensityError(panel.Form().state, 1));
+            std::printf("  %s: %.6f", cells, DensityError(panel.Form().state));
         }
         std::printf("\n");
     }

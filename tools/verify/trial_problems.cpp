@@ -1,5 +1,7 @@
 #include "verify/trial_problems.h"
 
+#include "core/analysis/cell_averages.h"
+
 #include <cmath>
 #include <fstream>
 #include <numbers>
@@ -90,10 +92,14 @@ Flow ShockTubeStart(const ShockTube& tube, int cells) {
 Flow ShockTubeExact(const ShockTube& tube, int cells, double gamma) {
     const ExactRiemann solution(tube.Left, tube.Right, gamma);
     Flow flow = UniformGrid(cells);
-    for (int i = 1; i <= cells; ++i)
-        SetCell(flow, i,
-                ExactCellAverage(solution, tube.Jump, tube.TStop, flow.Edges[flow.At(i)],
-                                 flow.Edges[flow.At(i + 1)]));
+    std::vector<double> breaks;
+    for (const double speed : solution.Breaks()) breaks.push_back(tube.Jump + speed * tube.TStop);
+    const auto at = [&](double x) { return solution.At((x - tube.Jump) / tube.TStop); };
+    for (int i = 1; i <= cells; ++i) {
+        const CellAverage cell =
+            AverageOver(at, breaks, gamma, flow.Edges[flow.At(i)], flow.Edges[flow.At(i + 1)]);
+        SetCell(flow, i, {cell.Rho, cell.P, cell.Ux, cell.Uy});
+    }
     return flow;
 }
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "verify/exact_riemann.h"
+#include "core/analysis/exact_riemann.h"
 #include "verify/loaded_scheme.h"
 
 struct ShockTube {

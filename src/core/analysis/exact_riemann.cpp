@@ -1,14 +1,12 @@
-#include "verify/exact_riemann.h"
+#include "core/analysis/exact_riemann.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
 
-double SoundSpeed(const GasState& state, double gamma) {
-    return std::sqrt(gamma * state.P / state.Rho);
-}
+// A wave that changes pressure or density by less than this part of it is rounding.
+constexpr double NoStrength = 1e-12;
 
 // The change of velocity across the wave that takes the state to pressure p: a shock for p above
 // the state's own pressure, else a rarefaction.
@@ -26,13 +24,22 @@ double ShockSpeedFactor(const GasState& state, double gamma, double p) {
     return std::sqrt((gamma + 1.0) / (2.0 * gamma) * p / state.P + (gamma - 1.0) / (2.0 * gamma));
 }
 
+bool IsSame(double a, double b) {
+    return std::abs(a - b) <= NoStrength * std::max(std::abs(a), std::abs(b));
+}
+
 }  // namespace
+
+double SoundSpeed(const GasState& state, double gamma) {
+    return std::sqrt(gamma * state.P / state.Rho);
+}
 
 ExactRiemann::ExactRiemann(const GasState& left, const GasState& right, double gamma)
     : left_(left), right_(right), gamma_(gamma) {
-    const double escape =
-        2.0 / (gamma - 1.0) * (SoundSpeed(left, gamma) + SoundSpeed(right, gamma));
-    vacuum_ = right.Ux - left.Ux >= escape;
+    const bool given = left.IsVacuum() || right.IsVacuum();
+    vacuum_ =
+        given || right.Ux - left.Ux >=
+                     2.0 / (gamma - 1.0) * (SoundSpeed(left, gamma) + SoundSpeed(right, gamma));
     if (!vacuum_) {
         // The sum of both changes grows with p, so that bisection of log p cannot fail.
         const auto excess = [&](double p) {
@@ -48,30 +55,54 @@ ExactRiemann::ExactRiemann(const GasState& left, const GasState& right, double g
         starP_ = std::exp(0.5 * (low + high));
         starU_ = 0.5 * (left.Ux + right.Ux + VelocityChange(right, gamma, starP_) -
                         VelocityChange(left, gamma, starP_));
-        breaks_.push_back(starU_);
     }
-    AddBreaks(left, -1.0);
-    AddBreaks(right, 1.0);
-    std::sort(breaks_.begin(), breaks_.end());
+    if (!left.IsVacuum() && !IsSame(starP_, left.P)) waves_.push_back(OuterWave(left, -1.0));
+    if (!vacuum_) {
+        const GasState a = Beside(left, -1.0, starU_);
+        const GasState b = Beside(right, 1.0, starU_);
+        if (!IsSame(a.Rho, b.Rho) || a.Uy != b.Uy) {
+            waves_.push_back({WaveKind::Contact, starU_, starU_});
+        }
+    }
+    if (!right.IsVacuum() && !IsSame(starP_, right.P)) waves_.push_back(OuterWave(right, 1.0));
 }
 
-void ExactRiemann::AddBreaks(const GasState& state, double side) {
+ExactWave ExactRiemann::OuterWave(const GasState& state, double side) const {
     const double c = SoundSpeed(state, gamma_);
     if (!vacuum_ && starP_ > state.P) {
-        breaks_.push_back(state.Ux + side * c * ShockSpeedFactor(state, gamma_, starP_));
-        return;
+        const double speed = state.Ux + side * c * ShockSpeedFactor(state, gamma_, starP_);
+        return {WaveKind::Shock, speed, speed};
     }
-    breaks_.push_back(state.Ux + side * c);
+    const double head = state.Ux + side * c;
     const double starC =
         vacuum_ ? 0.0 : c * std::pow(starP_ / state.P, (gamma_ - 1.0) / (2.0 * gamma_));
-    const double edge = vacuum_ ? state.Ux - side * 2.0 * c / (gamma_ - 1.0) : starU_;
-    breaks_.push_back(edge + side * starC);
+    const double tail =
+        (vacuum_ ? state.Ux - side * 2.0 * c / (gamma_ - 1.0) : starU_) + side * starC;
+    return {WaveKind::Fan, std::min(head, tail), std::max(head, tail)};
+}
+
+std::vector<double> ExactRiemann::Breaks() const {
+    std::vector<double> breaks;
+    for (const ExactWave& wave : waves_) {
+        breaks.push_back(wave.From);
+        if (wave.To != wave.From) breaks.push_back(wave.To);
+    }
+    std::sort(breaks.begin(), breaks.end());
+    return breaks;
 }
 
 GasState ExactRiemann::At(double speed) const {
-    const double middle = 0.5 * (breaks_.front() + breaks_.back());
-    const bool onLeft = vacuum_ ? speed < middle : speed < starU_;
-    return onLeft ? Beside(left_, -1.0, speed) : Beside(right_, 1.0, speed);
+    if (!vacuum_) {
+        return speed < starU_ ? Beside(left_, -1.0, speed) : Beside(right_, 1.0, speed);
+    }
+    const double reach = 2.0 / (gamma_ - 1.0);
+    if (!left_.IsVacuum() && speed < left_.Ux + reach * SoundSpeed(left_, gamma_)) {
+        return Beside(left_, -1.0, speed);
+    }
+    if (!right_.IsVacuum() && speed > right_.Ux - reach * SoundSpeed(right_, gamma_)) {
+        return Beside(right_, 1.0, speed);
+    }
+    return {};
 }
 
 // The solution on one side of the contact; side is -1 on the left and 1 on the right. Written for
@@ -100,35 +131,4 @@ GasState ExactRiemann::Beside(const GasState& state, double side, double speed) 
     result.P = state.P * std::pow(localC / c, 2.0 * g / (g - 1.0));
     result.Ux = state.Ux + side * localOut;
     return result;
-}
-
-GasState ExactCellAverage(const ExactRiemann& solution, double jump, double time, double from,
-                          double to) {
-    std::vector<double> ends = {from};
-    for (const double speed : solution.Breaks()) {
-        const double x = jump + speed * time;
-        if (x > from && x < to) ends.push_back(x);
-    }
-    ends.push_back(to);
-
-    // Gauss-Legendre with five points in each smooth part.
-    constexpr std::array<double, 5> nodes = {-0.9061798459386640, -0.5384693101056831, 0.0,
-                                             0.5384693101056831, 0.9061798459386640};
-    constexpr std::array<double, 5> weights = {0.2369268850561891, 0.4786286704993665,
-                                               0.5688888888888889, 0.4786286704993665,
-                                               0.2369268850561891};
-    GasState average = {0.0, 0.0, 0.0, 0.0};
-    for (std::size_t part = 0; part + 1 < ends.size(); ++part) {
-        const double half = 0.5 * (ends[part + 1] - ends[part]);
-        const double centre = 0.5 * (ends[part + 1] + ends[part]);
-        for (std::size_t k = 0; k < nodes.size(); ++k) {
-            const GasState s = solution.At((centre + half * nodes[k] - jump) / time);
-            const double share = weights[k] * half / (to - from);
-            average.Rho += share * s.Rho;
-            average.P += share * s.P;
-            average.Ux += share * s.Ux;
-            average.Uy += share * s.Uy;
-        }
-    }
-    return average;
 }

@@ -1,0 +1,70 @@
+#include "core/analysis/conserved_sums.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/model/boundary_types.h"
+#include "core/model/experiment_state.h"
+
+namespace {
+
+double EnergyDensity(const ExperimentState& state, int i) {
+    return state.P[i] / (state.Gamma - 1.0) + 0.5 * state.Rho[i] * state.Ux[i] * state.Ux[i];
+}
+
+// Adds what the gas of cell i carries to the right through its face in time dt.
+void AddFlow(const ExperimentState& state, int i, double dt, ConservedSums& flow) {
+    const double mass = state.Rho[i] * state.Ux[i] * dt;
+    flow.Mass += mass;
+    flow.Momentum += mass * state.Ux[i] + state.P[i] * dt;
+    flow.TransverseMomentum += mass * state.Uy[i];
+    flow.SmokeMass += mass * state.FSmoke[i];
+    flow.Energy += (EnergyDensity(state, i) + state.P[i]) * state.Ux[i] * dt;
+}
+
+}  // namespace
+
+ConservedSums SumsOf(const ExperimentState& state) {
+    ConservedSums sums;
+    for (int i = 1; i <= state.NGridCells; ++i) {
+        const double width = state.X[i + 1] - state.X[i];
+        const double mass = width * state.Rho[i];
+        sums.Mass += mass;
+        sums.Momentum += mass * state.Ux[i];
+        sums.TransverseMomentum += mass * state.Uy[i];
+        sums.SmokeMass += mass * state.FSmoke[i];
+        sums.Energy += width * EnergyDensity(state, i);
+    }
+    return sums;
+}
+
+Ledger::Ledger(const ExperimentState& state)
+    : start_(SumsOf(state)),
+      momentumScale_(0.0),
+      hasWall_(state.MnBdry == ReflectingBoundary ||
+               (state.MnBdry != PeriodicBoundary && state.MxBdry == ReflectingBoundary)) {
+    for (int i = 1; i <= state.NGridCells; ++i) {
+        const double c = std::sqrt(state.Gamma * state.P[i] / state.Rho[i]);
+        momentumScale_ +=
+            (state.X[i + 1] - state.X[i]) * state.Rho[i] * (std::abs(state.Ux[i]) + c);
+    }
+}
+
+void Ledger::Take(const ExperimentState& before, double stepDT) {
+    if (before.MnBdry == PeriodicBoundary) return;
+    if (before.MnBdry != ReflectingBoundary) AddFlow(before, 1, stepDT, crossed_);
+    if (before.MxBdry != ReflectingBoundary) {
+        AddFlow(before, before.NGridCells, -stepDT, crossed_);
+    }
+}
+
+Ledger::Drifts Ledger::DriftsOf(const ExperimentState& now) const {
+    const ConservedSums sums = SumsOf(now);
+    Drifts drifts;
+    drifts.Mass = (sums.Mass - start_.Mass - crossed_.Mass) / start_.Mass;
+    drifts.Energy = (sums.Energy - start_.Energy - crossed_.Energy) / start_.Energy;
+    if (!hasWall_) {
+        drifts.Momentum = (sums.Momentum - start_.Momentum - crossed_.Momentum) / momentumScale_;
+    }
+    return drifts;
+}
