@@ -11,7 +11,6 @@
 #include "panel/entry/value_entry.h"
 #include "panel/plots/experiment_caption.h"
 #include "panel/plots/line_plots.h"
-#include "panel/problems/busy_pointer.h"
 #include "panel/problems/point_buttons.h"
 #include "panel/widgets/control_values.h"
 
@@ -72,7 +71,6 @@ void ShowBareGrid(ExperimentState& state, Controls& controls) {
 }  // namespace
 
 void ApplySetUp(ExperimentState& state, Controls& controls) {
-    const BusyPointer busy(state);
     LayBareGrid(state);
     PutText(controls.txtCourantNumber, FormatNumber(state.CourantNumber, "#0.0#"));
     // Another grid size runs that box's handler, which lays the bar of the cells and calls back
