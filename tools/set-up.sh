@@ -10,6 +10,7 @@ mkdir -p "$logs"
 packages=(
     g++ cmake ninja-build                  # to build
     qt6-base-dev qt6-wayland               # the window
+    libcli11-dev                           # the options of ternlow-run
     libgtest-dev libbenchmark-dev          # tests and benchmarks
     fonts-liberation                       # the fonts that the panel is laid out for
     xvfb xauth x11-utils                   # a display where there is none

@@ -146,6 +146,10 @@ ExactSolution FindWave(const ExperimentState& state) {
     wave.Side = isPlus ? 1.0 : -1.0;
     wave.Amplitude = isPlus ? state.RPlusAmp : state.RMinusAmp;
     wave.Frequency = isPlus ? state.RPlusFreq : state.RMinusFreq;
+    const double h = state.X[2] - state.X[1];
+    const double k = wave.Frequency * std::numbers::pi / wave.Length;
+    const double meanOverCell = std::sin(h * k) / (h * k);
+    wave.Offset = -wave.Amplitude * std::sin((state.X[1] + state.X[2]) * k) * meanOverCell;
     if (state.Time >= wave.BreakingTime()) {
         found.WhyNot = "The wave has steepened into a shock" + At(wave.BreakingTime());
         return found;
@@ -209,7 +213,7 @@ GasState SimpleWave::At(double x, double time) const {
     const double k = 2.0 * std::numbers::pi * Frequency / Length;
     // Half of the invariant is the change of velocity; c follows from the other, uniform one.
     const auto velocityAt = [&](double origin) {
-        return 0.5 * Amplitude * std::sin(k * (origin - Left));
+        return 0.5 * Amplitude * std::sin(k * (origin - Left)) + Offset;
     };
     const auto soundSpeed = [&](double u) { return 1.0 + 0.5 * (Gamma - 1.0) * Side * u; };
     double origin = x;

@@ -26,12 +26,14 @@ struct SeparateJumps {
 };
 
 // A simple wave: one acoustic invariant and the entropy are uniform. The other one is
-// amplitude * sin(2 pi frequency (x - left) / length) at time 0, on a background of density and
-// sound speed 1; `side` is 1 for R+, which runs to the right, and -1 for R-.
+// amplitude * sin(2 pi frequency (x - left) / length) at time 0, shifted by twice `Offset`, on a
+// background of density and sound speed 1; `side` is 1 for R+, which runs to the right, and -1 for
+// R-.
 struct SimpleWave {
     double Side = 1.0;
     double Amplitude = 0.0;
     int Frequency = 1;
+    double Offset = 0.0;  // of the velocity: the set-up starts the sum of its changes at cell 1
     double U0 = 0.0;
     double Left = 0.0;
     double Length = 1.0;

@@ -105,3 +105,7 @@ std::string GeneralNumber(double value) {
 std::string GeneralNumber(int value) {
     return std::to_string(value);
 }
+
+std::string ExactNumber(double value) {
+    return Written(value, std::chars_format::general, std::numeric_limits<double>::max_digits10);
+}

@@ -24,3 +24,6 @@ std::string FormatNumber(double value, std::string_view format);
 // exponent only below 1e-7 and from 1e15 on.
 std::string GeneralNumber(double value);
 std::string GeneralNumber(int value);
+
+// 17 significant digits, which give the same double back.
+std::string ExactNumber(double value);
