@@ -6,8 +6,8 @@
 #include <limits>
 #include <type_traits>
 
-// Looks at numbers one after the other, by their bits: no branches, no sums of floats and no change
-// of width, so that a loop around it turns into vector instructions.
+// Checks numbers one after the other by their bits, without branches, float sums or changes of
+// width, so that the loop around it vectorises.
 template <typename Float>
 class FiniteCheck {
 public:
@@ -15,7 +15,7 @@ public:
     bool AllWereFinite() const { return (seen_ & Sign) == 0; }
 
 private:
-    // One more than the largest exponent, that of infinity and of what is no number, is the sign.
+    // Adding one to the largest exponent, that of infinity and NaN, carries into the sign bit.
     using Bits = std::conditional_t<sizeof(Float) == 4, std::uint32_t, std::uint64_t>;
     static constexpr Bits Exponent = std::bit_cast<Bits>(std::numeric_limits<Float>::infinity());
     static constexpr Bits Sign = std::bit_cast<Bits>(-Float(0));

@@ -14,8 +14,9 @@
 // An array whose indices run from First() to Last(), both included. Index i is a cell number, not
 // a distance from the start of the storage. Every element starts at zero. Fresh storage costs no
 // time and no memory until it is written: the system hands out zero pages on first touch, so that
-// a store of two thousand states of a large grid is made in an instant. Element 1, the first real
-// cell, stands at the start of a cache line, so that loops from there on load and store whole ones.
+// allocating a store of two thousand states of a large grid takes no time. Element 1, the first
+// real cell, stands at the start of a cache line, so that loops from there on load and store whole
+// ones.
 template <typename T>
 class OffsetArray {
 public:

@@ -11,7 +11,7 @@ enum class RefusalKind {
     ResultNotFinite,    // a cell was left without a finite result
 };
 
-// A fact of the experiment, not yet a text for anybody.
+// A fact of the experiment; the text for the user is worked out from it.
 struct RunRefusal {
     RefusalKind Kind = RefusalKind::None;
     std::string Scheme = {};   // by name

@@ -17,7 +17,7 @@ void ResizeStore(ExperimentState& state);
 // NPlotsTotal from NPlotsPerPeriod and Periods.
 void SetNPlotsTotal(ExperimentState& state);
 
-// Gives up what is stored, and makes the present Time that of state 0. The arrays stay.
+// Forgets all stored states and sets the time of state 0 to the present Time. The arrays stay.
 void EmptyStore(ExperimentState& state);
 
 // Writes the present fields of cells 0..N+1 to elements base..base+N+1 of the store, with what
@@ -32,8 +32,8 @@ bool StoreHasRoom(const ExperimentState& state);
 // Appends the present state with its time, ghost cells filled, and counts it. Needs room.
 void StoreState(ExperimentState& state);
 
-// True if state s has ever been written since the store was allocated. NStored alone does not
-// tell: a problem that is set up over an old run leaves the counters of that run.
+// True if state s has been written since the store was allocated. NStored alone cannot tell: a
+// problem that is set up over an old run leaves the counters of that run in place.
 bool IsStored(const ExperimentState& state, int s);
 
 // Brings the fields of cells 0..N+1 of stored state s back into the state arrays. Needs IsStored.

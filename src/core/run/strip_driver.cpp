@@ -58,9 +58,10 @@ struct Constants {
     Float StepDT, Gamma, RhoFloor, AuxFloor, PFloor, VFloor, difcon, shkjmp, wavhaf;
 };
 
-// The 25 equal rows of strip cells 1-B..W+B of one field, in the library's float type; the middle
-// one alone for a library that says that it reads no other, which is most of the work of a strip
-// saved. Inlined, as all that runs over cells here, to be compiled for its caller's vectors.
+// Fills the 25 equal rows of strip cells 1-B..W+B of one field, in the library's float type. For a
+// library that reads the middle row only, the others are skipped, which saves most of the work of a
+// strip. Always inlined, like every loop over cells here, so that it is compiled for the vector
+// width of its caller.
 template <typename Float>
 [[gnu::always_inline]] inline void FillRows(const OffsetArray<double>& field, const Strip& strip,
                                             int boundary, bool middleRowOnly,
@@ -87,16 +88,16 @@ WIDE_VECTORS void FillAllRows(const ExperimentState& state, const Strip& strip, 
     FillRows(state.Uy, strip, b, middleRowOnly, arrays.UyRows);
 }
 
-// The first `count` results, made lawful, to a field, and marks on all that a strip can have.
-// Returns whether those taken were finite. Everything in one pass: between two strips the library's
-// own arrays fill the cache.
-template <typename Float, typename Lawful>
+// Moves the first `count` results into the field, raised to the floors, and marks every slot as not
+// given. Returns whether all results moved were finite. One pass, because the library's own arrays
+// evict ours from the cache between two strips.
+template <typename Float, typename Raise>
 [[gnu::always_inline]] inline bool Take(Float* results, int count, int widest, double* field,
-                                        Lawful lawful) {
+                                        Raise raise) {
     FiniteCheck<Float> check;
     for (int i = 0; i < count; ++i) {
         check.Look(results[i]);
-        field[i] = lawful(results[i]);
+        field[i] = raise(results[i]);
         results[i] = NotGiven<Float>;
     }
     std::fill(results + count, results + widest, NotGiven<Float>);
@@ -113,8 +114,8 @@ int CountFloored(const ExperimentState& state, const StripArrays<Float>& arrays,
     return floored;
 }
 
-// Real cells 1..W of the results to their place in the grid, at most as far as cell N: Heron32's
-// last strip reaches further. Where no smoke is carried FSmokeNew is clear already.
+// Moves the results of real cells 1..W to their place in the grid, up to cell N: Heron32's last
+// strip reaches further. FSmokeNew is already zero where the scheme carries no smoke.
 template <typename Float>
 WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
                               ExperimentState& state, TickArrays& tick) {
@@ -124,18 +125,19 @@ WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
     const auto raisedTo = [](double floor) {
         return [floor](double value) { return value < floor ? floor : value; };
     };
-    const auto smallToZero = [floor = state.VFloor](double velocity) {
+    const auto flushToZero = [floor = state.VFloor](double velocity) {
         return (velocity < floor) & (velocity > -floor) ? 0.0 : velocity;
     };
-    const auto asItIs = [](double value) { return value; };
+    const auto unchanged = [](double value) { return value; };
     if (tick.Observer != nullptr) tick.FlooredNow += CountFloored(state, arrays, count);
     bool finite =
         Take(arrays.RhoStrip.At(1), count, widest, tick.RhoOut.At(first), raisedTo(state.RhoFloor));
     finite &= Take(arrays.PStrip.At(1), count, widest, tick.POut.At(first), raisedTo(state.PFloor));
-    finite &= Take(arrays.UxStrip.At(1), count, widest, tick.UxOut.At(first), smallToZero);
-    finite &= Take(arrays.UyStrip.At(1), count, widest, state.UyNew.At(first), smallToZero);
+    finite &= Take(arrays.UxStrip.At(1), count, widest, tick.UxOut.At(first), flushToZero);
+    finite &= Take(arrays.UyStrip.At(1), count, widest, state.UyNew.At(first), flushToZero);
     if (tick.Library.CarriesSmoke()) {
-        finite &= Take(arrays.SmokeStrip.At(1), count, widest, state.FSmokeNew.At(first), asItIs);
+        finite &=
+            Take(arrays.SmokeStrip.At(1), count, widest, state.FSmokeNew.At(first), unchanged);
     }
     tick.ResultsAreFinite &= finite;
 }
@@ -146,9 +148,8 @@ WIDE_VECTORS void TakeResults(StripArrays<Float>& arrays, const Strip& strip,
                    [](double value) { return static_cast<float>(value); });
 }
 
-// True while the library is to be called once more for the strip. A Courant number that is no
-// number spoils the attempt: nothing is called after it, so that no later strip covers it with a
-// good one.
+// True while the library is to be called again for the strip. A Courant number that is NaN spoils
+// the attempt: nothing is called after it, or a later strip could overwrite it with a good one.
 template <typename Float>
 bool MayCall(const TickArrays& tick, Float courant, int calls) {
     return calls < tick.RepeatCount && !std::isnan(courant);
@@ -232,8 +233,8 @@ void Drive64(ExperimentState& state, TickArrays& tick) {
     }
 }
 
-// What a 32-bit library reads in place. The edges once: they stay as long as a tick lives. Rows are
-// narrowed as they are filled.
+// Narrows what a 32-bit library reads in place. The edges are narrowed once, since they do not
+// change while the tick arrays live; rows are narrowed as they are filled.
 WIDE_VECTORS void NarrowGrid(const ExperimentState& state, const SchemeLibrary& library,
                              NarrowedGrid& grid) {
     const int first = 1 - state.NBDY;

@@ -5,12 +5,12 @@ struct ExperimentState;
 struct TickArrays;
 
 // One attempt at a step of length tick.StepDT with tick.Library: fills tick.RhoOut, POut, UxOut and
-// state.UyNew, FSmokeNew for cells 1..N and sets tick.StepCourant, all else of the state is only
+// state.UyNew, FSmokeNew for cells 1..N and sets tick.StepCourant. The rest of the state is only
 // read. The results have their floors: density and pressure are raised to theirs, and a velocity
 // smaller than VFloor is 0. Needs fresh ghost zones. Without a library nothing happens. Every strip
 // reads the state as it stood before the step, so that neither their order nor their number shows
-// in the result. A cell that the library leaves without a result is no number, and so is
-// StepCourant once a strip has made it so. With the meter on every call is repeated with the same
+// in the result. A cell that the library leaves without a result is NaN, and so is
+// StepCourant once a strip has returned NaN. With the meter on every call is repeated with the same
 // arguments and the strip loop is timed.
 void AdvanceAllStrips(ExperimentState& state, TickArrays& tick);
 

@@ -22,15 +22,15 @@ struct StripPlan {
 };
 StripPlan PlanStrips(int nGridCells, int widestStrip);
 
-// Stands in a result that a library has not given.
+// The value of a result that the library has not written.
 template <typename Float>
 constexpr Float NotGiven = std::numeric_limits<Float>::quiet_NaN();
 
 // The strip under way. A row is strip cells 1-B..W+B; the row arrays hold 25 equal rows one behind
 // the other, ZeroRows nothing but zeros; a result array is strip cells 1-B..W+B+1. B is NBDY and W
-// the width of the strip. Before a call the real cells of the results are marked as not given: one
-// that the library leaves out is no number, and not what another strip has left there. Whoever
-// takes results marks them anew, as far as the widest strip of the plan, for which all is sized.
+// the width of the strip. Before a call the real cells of the results are marked as not given: a
+// cell that the library leaves out is NaN, not a leftover of another strip. The code that takes the
+// results marks them again, up to the widest strip of the plan, for which the arrays are sized.
 template <typename Float>
 struct StripArrays {
     static constexpr int Rows = 25;
@@ -52,7 +52,7 @@ struct NarrowedGrid {
 
     bool HasEdges = false;  // XS is filled
     OffsetArray<float> XS, RhoS, PS, UxS, UyS, SmokeS;
-    OffsetArray<float> UzOutS;  // the libraries' third velocity, read by nobody
+    OffsetArray<float> UzOutS;  // the libraries' third velocity, unused
 };
 
 struct TickArrays {
@@ -67,8 +67,9 @@ struct TickArrays {
 
     // New state of cells 1..N, on arrays as long as the fields whose place they take.
     OffsetArray<double> RhoOut, POut, UxOut;
-    OffsetArray<double> UzOut;  // the library's third velocity, read by nobody
-    bool SmokeIsGone = false;  // from FSmoke and FSmokeNew, by a step of a scheme that carries none
+    OffsetArray<double> UzOut;  // the library's third velocity, unused
+    bool SmokeIsGone =
+        false;  // FSmoke and FSmokeNew are zero: a scheme without smoke has taken a step
     NarrowedGrid Grid32;
     StripArrays<double> Strip64;
     StripArrays<float> Strip32;

@@ -15,14 +15,14 @@
 
 namespace {
 
-// 0.9^300 is 2e-14: a scheme that still reports 1 or more then is not going to stop.
-constexpr int MostAttempts = 300;
+// 0.9^300 is 2e-14: a scheme that still reports 1 or more by then never will report less.
+constexpr int MaxAttempts = 300;
 
-// Cell updates of a tick that comes back to the user in a fraction of a second; who has turned the
-// meter on waits longer. Only a weak sound wave would take more: without the meter none whose step
-// is near what its sound speed allows.
-constexpr int MostCellUpdates = 6'500'000;
-constexpr int MostMeteredUpdates = 25'000'000;
+// Limit on the cell updates of a tick, so that it returns in a fraction of a second; more with the
+// meter on. Only a weak sound wave would take more, and without the meter only one whose step is
+// far below what its sound speed allows.
+constexpr int MaxCellUpdates = 6'500'000;
+constexpr int MaxMeteredUpdates = 25'000'000;
 
 bool Refuse(ExperimentState& state, RefusalKind kind, const std::string& trouble = {}) {
     state.Refusal = {kind, state.SchemeName, trouble};
@@ -32,7 +32,7 @@ bool Refuse(ExperimentState& state, RefusalKind kind, const std::string& trouble
 // True once an attempt has come in under the Courant gate. Every failed one shortens the step; if
 // all fail, state.Refusal says how.
 bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
-    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+    for (int attempt = 0; attempt < MaxAttempts; ++attempt) {
         tick.StepDT = state.DTime;
         tick.StepCourant = 0.0;
         FillBoundaryZones(state);
@@ -57,7 +57,7 @@ int StepsOfTick(const ExperimentState& state) {
     if (state.SoundWaveMode == 1 && state.RhoMax < weakWaveDensity) {
         steps = RoundToEven(0.1 / state.DTime);
     }
-    const int updates = state.MeterOn > 0 ? MostMeteredUpdates : MostCellUpdates;
+    const int updates = state.MeterOn > 0 ? MaxMeteredUpdates : MaxCellUpdates;
     return std::clamp(steps, 1, updates / (state.NGridCells * CallsPerStrip(state)));
 }
 

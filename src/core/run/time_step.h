@@ -11,9 +11,9 @@ int StepsOfTick(const ExperimentState& state);
 
 // Advances the state by one step: attempts it with ever shorter DTime until its Courant number is
 // below 1, accepts it, moves Time and TimeToPlot, and follows the Courant number with DTime.
-// False if no step could be taken: there is no scheme library, the Courant number does not fall
-// below 1 (or is no number) however short the step, or a result is missing or not finite. The state
-// is then as it was, DTime included, and state.Refusal says why.
+// False if no step could be taken: there is no scheme library, the Courant number is NaN or does
+// not fall below 1 however short the step, or a result is missing or not finite. The state is then
+// as it was, DTime included, and state.Refusal says why.
 bool TakeTimeStep(ExperimentState& state, TickArrays& tick);
 
 // Puts the results of the attempt, which have their floors, in the place of the fields; what the

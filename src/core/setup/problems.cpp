@@ -21,7 +21,7 @@ namespace {
 
 constexpr double FewestCells = 6.0;
 
-// The first step of a built-in problem, and what its boxes come to show.
+// Sets the first step of a built-in problem and the texts of its boxes.
 void FillBoxes(ExperimentState& state, SetUpBoxes& boxes) {
     PutPeriods(state, boxes, FormatNumber(state.Periods, "#0.####"));
     state.DTime = std::min(state.DTime, state.PlotInterval);

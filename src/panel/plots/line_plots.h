@@ -20,8 +20,8 @@ void PaintPlots(ExperimentState& state, Controls& controls);
 void ClearAndPaintPlots(ExperimentState& state, Controls& controls);
 
 // While it lives the paints draw nothing and only bring the boxes up to date. For a procedure that
-// paints many times before anybody can look: whoever makes one sees to it that all three surfaces
-// are cleared and painted after its end.
+// paints many times before the screen is updated. The caller must clear and paint all three
+// surfaces after its end.
 class PlotsUnseen {
 public:
     explicit PlotsUnseen(Controls& controls);

@@ -11,7 +11,8 @@ void cmdBegin_Click(ExperimentState& state, Controls& controls);
 // Holds the run where it stands.
 void cmdPause_Click(ExperimentState& state, Controls& controls);
 
-// Lets the run go on from the last stored state. Ignored before any state is stored.
+// Continues the run from the last stored state; what was computed after it is computed again.
+// Ignored before any state is stored.
 void cmdContinue_Click(ExperimentState& state, Controls& controls);
 
 // Stops the run, goes back to stored state 0 and Time 0, and gives up all other stored states. If

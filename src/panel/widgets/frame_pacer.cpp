@@ -8,14 +8,14 @@
 
 namespace {
 
-// Milliseconds, rounded down. Screens that are none tell any rate, or there is no screen for a
-// while.
+// Time between two pictures of the screen, in milliseconds, rounded down. A virtual screen may
+// report any refresh rate, and for a moment there may be no screen.
 qint64 PictureTime(const QWidget& window) {
     constexpr double slowest = 30.0;  // pictures a second
     constexpr double fastest = 240.0;
     const QScreen* const screen = window.screen();
-    const double told = screen == nullptr ? slowest : screen->refreshRate();
-    const double rate = told > slowest ? std::min(told, fastest) : slowest;
+    const double reported = screen == nullptr ? slowest : screen->refreshRate();
+    const double rate = reported > slowest ? std::min(reported, fastest) : slowest;
     return static_cast<qint64>(1000.0 / rate);
 }
 

@@ -1,5 +1,5 @@
-// What a screen reader calls the controls that the toolkit does not know.
+// The roles of our own widgets for screen readers.
 #pragma once
 
-// From here on a Surface is a graphic; to the toolkit it is any widget. Once is enough.
+// Registers Surface with screen readers as a graphic. Call once at start-up.
 void SpeakOfSurfacesAsPictures();

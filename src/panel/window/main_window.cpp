@@ -183,9 +183,9 @@ void frmTernlow::SetTabOrder() {
     order.front().second->setFocus();
 }
 
-// Labels lie below all else, or that of a plot would take the presses on the boxes at its sides.
-// Big, the space-time picture covers the plots, the bar between them and their captions, but not
-// the boxes at the ends of their axes.
+// Labels lie below everything else, or a plot's label would take the presses on the boxes beside
+// it. Big, the space-time picture covers the plots, the bar between them and their captions, but
+// not the boxes at the ends of their axes.
 void frmTernlow::StackControls() {
     for (const LabelRow& row : Labels) (controls.*row.Control)->lower();
     controls.pctSpaceTime->raise();
@@ -196,7 +196,7 @@ void frmTernlow::StackControls() {
 }
 
 // A handler may change what is stored, from which the small picture of a run is still to be drawn.
-// Only the tick, which adds states and changes none, leaves that to whoever looks.
+// Only the tick, which adds states and changes none, leaves the drawing to the next paint.
 template <typename... Arguments>
 auto frmTernlow::Runs(void (*handler)(ExperimentState&, Controls&, Arguments...)) {
     return [this, handler](Arguments... arguments) {
@@ -269,7 +269,7 @@ void frmTernlow::paintEvent(QPaintEvent* event) {
     }
 }
 
-// Passes over what the big picture covers: nobody would see the focus there.
+// Skips controls that the big picture covers: the focus would be invisible there.
 bool frmTernlow::focusNextPrevChild(bool next) {
     const QWidget* const picture = controls.pctSpaceTime;
     const auto isCovered = [&] {
