@@ -1,18 +1,27 @@
 // Measures the four schemes on problems with known solutions:
 //   verify <blast reference> <verification.md to write> <folder for pictures>
+// and on families of problems drawn from a seed, beside classic schemes:
+//   verify --families [options]
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <span>
 #include <sstream>
+#include <string_view>
 
+#include "verify/families/family_command.h"
 #include "verify/verification_report.h"
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::cerr << "usage: verify <blast-400.csv> <verification.md> <picture folder>\n";
+    const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
+    const bool families = argc > 1 && arguments[1] == std::string_view("--families");
+    if (argc != 4 && !families) {
+        std::cerr << "usage: verify <blast-400.csv> <verification.md> <picture folder>\n"
+                     "       verify --families [options]\n";
         return 2;
     }
     try {
+        if (families) return RunFamilyCommand(arguments.subspan(2));
         std::ostringstream tables;
         WriteVerification(tables, argv[1]);
         std::cout << tables.str();

@@ -1,0 +1,16 @@
+// Families of problems drawn from seeds, as broad as what a student can draw.
+#pragma once
+
+#include <span>
+
+#include "verify/families/draw.h"
+#include "verify/families/family_problem.h"
+
+struct Family {
+    const char* Name;
+    const char* What;
+    FamilyProblem (*Make)(Draw& draw);
+    bool Smooth = false;  // no jump anywhere, so that a scheme of fifth order is at home
+};
+
+std::span<const Family> AllFamilies();

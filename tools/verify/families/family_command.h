@@ -1,0 +1,8 @@
+// The command line `verify --families ...`.
+#pragma once
+
+#include <span>
+
+// Returns the exit status. Options: --seed S, --cases N, --only FAMILY[,FAMILY...],
+// --scheme NAME[,NAME...], --libraries FOLDER, --threads N, --list, --brief.
+int RunFamilyCommand(std::span<char*> options);

@@ -1,0 +1,116 @@
+#include "verify/families/family_run.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <thread>
+
+#include "verify/families/scheme_run.h"
+#include "verify/peers/classic_ppm.h"
+#include "verify/peers/weno_z.h"
+
+namespace {
+
+constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
+
+// Rounding that a run of some hundred steps leaves in the density, as a share of the largest.
+constexpr double RoundingOf64Bits = 1e-14;
+constexpr double RoundingOf32Bits = 1e-6;
+
+const std::vector<const Peer*>& AllPeers() {
+    static const ClassicPpm plain("PPM", false, false);
+    static const ClassicPpm flattened("PPM-F", true, false);
+    static const ClassicPpm steepened("PPM-FS", true, true);
+    static const WenoZ weno;
+    static const std::vector<const Peer*> peers = {&plain, &flattened, &steepened, &weno};
+    return peers;
+}
+
+Outcome Score(const GasCells& cells, const std::vector<double>& exact) {
+    const auto [least, most] = std::minmax_element(exact.begin(), exact.end());
+    const double range = std::max(*most - *least, 1e-300);
+    Outcome outcome;
+    double length = 0.0;
+    for (std::size_t k = 0; k < exact.size(); ++k) {
+        const double width = cells.Edges[k + 1] - cells.Edges[k];
+        length += width;
+        outcome.Error += width * std::abs(cells.Rho[k] - exact[k]);
+        outcome.Overshoot = std::max(outcome.Overshoot, (cells.Rho[k] - *most) / range);
+        outcome.Undershoot = std::max(outcome.Undershoot, (*least - cells.Rho[k]) / range);
+    }
+    outcome.Error /= length;
+    return outcome;
+}
+
+CaseResult RunCase(const FamilyProblem& problem,
+                   const std::vector<std::unique_ptr<LoadedScheme>>& schemes) {
+    CaseResult result;
+    result.Numbers = problem.Numbers;
+    result.LargestDensity = *std::max_element(problem.Density.begin(), problem.Density.end());
+    const auto& edges = problem.Start.Edges;
+    const double even = (edges.back() - edges.front()) / problem.Start.N();
+    bool uneven = false;
+    for (std::size_t k = 0; k + 1 < edges.size(); ++k)
+        uneven = uneven || std::abs(edges[k + 1] - edges[k] - even) > 1e-9 * even;
+    for (const Peer* peer : AllPeers())
+        result.Peers.push_back(uneven && !peer->TakesUnevenCells()
+                                   ? Outcome{NoNumber, 0.0, 0.0}
+                                   : Score(RunPeer(*peer, problem), problem.Density));
+    for (const auto& scheme : schemes)
+        result.Schemes.push_back(Score(RunScheme(*scheme, problem), problem.Density));
+    return result;
+}
+
+}  // namespace
+
+const std::vector<std::string>& PeerNames() {
+    static const std::vector<std::string> names = [] {
+        std::vector<std::string> all;
+        for (const Peer* peer : AllPeers()) all.emplace_back(peer->Name());
+        return all;
+    }();
+    return names;
+}
+
+std::vector<FamilyResult> RunFamilies(const FamilySettings& settings) {
+    std::vector<std::unique_ptr<LoadedScheme>> schemes;
+    for (const SchemeKind kind : settings.Schemes)
+        schemes.push_back(std::make_unique<LoadedScheme>(kind, settings.Folder));
+
+    std::vector<FamilyResult> results;
+    for (const Family& family : AllFamilies()) {
+        const auto& only = settings.Only;
+        if (!only.empty() && std::find(only.begin(), only.end(), family.Name) == only.end())
+            continue;
+        results.push_back({family, std::vector<CaseResult>(settings.Cases)});
+    }
+
+    std::atomic<int> nextCase = 0;
+    const int cases = static_cast<int>(results.size()) * settings.Cases;
+    const auto work = [&] {
+        for (int n = nextCase++; n < cases; n = nextCase++) {
+            FamilyResult& family = results[n / settings.Cases];
+            const int number = n % settings.Cases;
+            Draw draw(settings.Seed, family.Of.Name, number);
+            family.Cases[number] = RunCase(family.Of.Make(draw), schemes);
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int k = 1; k < settings.Threads; ++k) threads.emplace_back(work);
+    work();
+    for (std::thread& thread : threads) thread.join();
+    return results;
+}
+
+double RatioToPeers(const CaseResult& result, const Outcome& scheme, bool isDouble, int from,
+                    int to) {
+    const double rounding =
+        result.LargestDensity * (isDouble ? RoundingOf64Bits : RoundingOf32Bits);
+    double best = std::numeric_limits<double>::infinity();
+    for (int k = from; k <= to; ++k)
+        if (result.Peers[k].Error < best) best = result.Peers[k].Error;
+    if (std::isnan(scheme.Error)) return std::numeric_limits<double>::infinity();
+    return std::max(scheme.Error, rounding) / std::max(best, rounding);
+}

@@ -1,0 +1,18 @@
+// Grids from 0 to 1, and fields on them.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "verify/exact_riemann.h"
+#include "verify/families/family_problem.h"
+
+std::vector<double> EvenEdges(int cells);
+
+// One state left of edge number `edge`, another right of it.
+GasCells TwoStates(std::vector<double> edges, int edge, const GasState& left,
+                   const GasState& right);
+
+// Averages of mass, momentum and energy of a smooth flow, as density, pressure and velocity.
+GasCells AveragesOf(std::vector<double> edges, double gamma,
+                    const std::function<GasState(double x)>& flow);
