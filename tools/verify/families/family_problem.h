@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-enum class Ends { Open, Walls, Periodic };
+// The last two name the left end first.
+enum class Ends { Open, Walls, Periodic, OpenAndWall, WallAndOpen };
 
 // Averages over N cells; cell k lies between Edges[k] and Edges[k + 1].
 struct GasCells {

@@ -1,25 +1,15 @@
 #include "verify/families/family_report.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdarg>
-#include <cstdio>
+
+#include "verify/families/text.h"
 
 namespace {
 
 // A ratio below this counts as this in a geometric mean, so that one case that a scheme solves
 // exactly does not stand for a whole family.
 constexpr double LeastRatio = 0.01;
-
-std::string Text(const char* format, ...) {
-    std::array<char, 600> text = {};
-    std::va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text.data(), text.size(), format, arguments);
-    va_end(arguments);
-    return text.data();
-}
 
 struct Summary {
     double Mean = 0.0;  // geometric, of the ratios to the best peer

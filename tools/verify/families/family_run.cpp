@@ -3,15 +3,18 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <future>
 #include <limits>
 #include <memory>
-#include <thread>
 
+#include "verify/families/computed_reference.h"
 #include "verify/families/scheme_run.h"
 #include "verify/peers/classic_ppm.h"
 #include "verify/peers/weno_z.h"
 
 namespace {
+
+constexpr int Finer = 10;  // cells of a computed reference for one of the problem
 
 constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
 
@@ -44,10 +47,15 @@ Outcome Score(const GasCells& cells, const std::vector<double>& exact) {
     return outcome;
 }
 
-CaseResult RunCase(const FamilyProblem& problem,
+CaseResult RunCase(FamilyProblem problem,
                    const std::vector<std::unique_ptr<LoadedScheme>>& schemes) {
     CaseResult result;
     result.Numbers = problem.Numbers;
+    if (problem.Density.empty()) {
+        const ComputedReference reference = ComputeReference(problem, Finer);
+        problem.Density = reference.Density;
+        result.ReferenceError = reference.Error;
+    }
     result.LargestDensity = *std::max_element(problem.Density.begin(), problem.Density.end());
     const auto& edges = problem.Start.Edges;
     const double even = (edges.back() - edges.front()) / problem.Start.N();
@@ -97,10 +105,10 @@ std::vector<FamilyResult> RunFamilies(const FamilySettings& settings) {
             family.Cases[number] = RunCase(family.Of.Make(draw), schemes);
         }
     };
-    std::vector<std::thread> threads;
-    for (int k = 1; k < settings.Threads; ++k) threads.emplace_back(work);
-    work();
-    for (std::thread& thread : threads) thread.join();
+    std::vector<std::future<void>> workers;
+    for (int k = 0; k < settings.Threads; ++k)
+        workers.push_back(std::async(std::launch::async, work));
+    for (std::future<void>& worker : workers) worker.get();
     return results;
 }
 

@@ -2,12 +2,22 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "verify/exact_riemann.h"
+#include "verify/families/draw.h"
 #include "verify/families/family_problem.h"
 
 std::vector<double> EvenEdges(int cells);
+
+// Cells of unequal width: smoothly stretched, growing from one to the next, in blocks, or at
+// random.
+struct UnevenGrid {
+    std::vector<double> Edges;
+    std::string Kind;
+};
+UnevenGrid DrawUnevenGrid(Draw& draw, int cells);
 
 // One state left of edge number `edge`, another right of it.
 GasCells TwoStates(std::vector<double> edges, int edge, const GasState& left,

@@ -1,12 +1,12 @@
 #include "verify/families/riemann_families.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdio>
 
 #include "verify/exact_riemann.h"
 #include "verify/families/grids.h"
+#include "verify/families/text.h"
+#include "verify/families/wave_tracking.h"
 
 namespace {
 
@@ -16,13 +16,11 @@ double Sound(const GasState& s, double gamma) {
 
 std::string Describe(const GasState& left, const GasState& right, const FamilyProblem& problem,
                      double jump) {
-    std::array<char, 200> text = {};
-    std::snprintf(text.data(), text.size(),
-                  "rho, p, u = %.6g, %.6g, %.6g | %.6g, %.6g, %.6g; gamma %.4g, Courant %.3g, "
-                  "N %d, jump %.4g, t %.6g",
-                  left.Rho, left.P, left.Ux, right.Rho, right.P, right.Ux, problem.Gamma,
-                  problem.Courant, problem.Start.N(), jump, problem.Time);
-    return text.data();
+    return Text(
+        "rho, p, u = %.6g, %.6g, %.6g | %.6g, %.6g, %.6g; gamma %.4g, Courant %.3g, N %d, "
+        "jump %.4g, t %.6g",
+        left.Rho, left.P, left.Ux, right.Rho, right.P, right.Ux, problem.Gamma, problem.Courant,
+        problem.Start.N(), jump, problem.Time);
 }
 
 // Half the problems are drawn the other way round.
@@ -38,38 +36,47 @@ struct Conditions {
     double Courant = 0.85;
 };
 
+// The jump is at edge number `edge`.
 FamilyProblem Lay(const GasState& left, const GasState& right, const Conditions& conditions,
-                  int cells, int edge, double time) {
+                  const std::vector<double>& edges, int edge, double time) {
     const ExactRiemann solution(left, right, conditions.Gamma);
     FamilyProblem problem;
     problem.Gamma = conditions.Gamma;
     problem.Courant = conditions.Courant;
-    problem.Start = TwoStates(EvenEdges(cells), edge, left, right);
+    problem.Start = TwoStates(edges, edge, left, right);
     problem.Time = time;
-    const auto& edges = problem.Start.Edges;
-    for (int k = 0; k < cells; ++k)
+    for (std::size_t k = 0; k + 1 < edges.size(); ++k)
         problem.Density.push_back(
             ExactCellAverage(solution, edges[edge], time, edges[k], edges[k + 1]).Rho);
     problem.Numbers = Describe(left, right, problem, edges[edge]);
     return problem;
 }
 
+std::vector<double> DrawEvenEdges(Draw& draw) {
+    return EvenEdges(50 * draw.Whole(2, 4));
+}
+
 // Lays the jump and ends the run so that the outermost waves stay an eighth of the grid from the
 // ends and spread as far as that allows.
-FamilyProblem LayWide(Draw& draw, const GasState& left, const GasState& right,
-                      const Conditions& conditions = {}) {
+FamilyProblem LayWide(const GasState& left, const GasState& right, const Conditions& conditions,
+                      const std::vector<double>& edges) {
     constexpr double margin = 0.125;
-    const int cells = 50 * draw.Whole(2, 4);
     const ExactRiemann solution(left, right, conditions.Gamma);
     const double first = solution.Breaks().front();
     const double last = solution.Breaks().back();
     const double best = margin - first * (1.0 - 2.0 * margin) / (last - first);
-    const int edge = static_cast<int>(std::lround(std::clamp(best, margin, 1.0 - margin) * cells));
-    const double jump = static_cast<double>(edge) / cells;
+    const auto nearest =
+        std::lower_bound(edges.begin(), edges.end(), std::clamp(best, margin, 1.0 - margin));
+    const double jump = *nearest;
     double time = 1e300;
     if (first < 0.0) time = std::min(time, (margin - jump) / first);
     if (last > 0.0) time = std::min(time, (1.0 - margin - jump) / last);
-    return Lay(left, right, conditions, cells, edge, time);
+    return Lay(left, right, conditions, edges, static_cast<int>(nearest - edges.begin()), time);
+}
+
+FamilyProblem LayWide(Draw& draw, const GasState& left, const GasState& right,
+                      const Conditions& conditions = {}) {
+    return LayWide(left, right, conditions, DrawEvenEdges(draw));
 }
 
 }  // namespace
@@ -152,7 +159,7 @@ FamilyProblem SlowShock(Draw& draw) {
     MirrorSometimes(draw, left, right);
     // Past 8 to 30 cells, from the middle.
     const double time = draw.Uniform(8.0, 30.0) / cells / (std::abs(slowness) * mach * c);
-    return Lay(left, right, {}, cells, cells / 2, time);
+    return Lay(left, right, {}, EvenEdges(cells), cells / 2, time);
 }
 
 FamilyProblem SlowContact(Draw& draw) {
@@ -166,7 +173,7 @@ FamilyProblem SlowContact(Draw& draw) {
     MirrorSometimes(draw, left, right);
     const double reach = draw.Uniform(5.0, 40.0) / cells;
     const double time = std::min(reach / std::max(std::abs(speed), 1e-300), 10.0);
-    return Lay(left, right, {}, cells, cells / 2, time);
+    return Lay(left, right, {}, EvenEdges(cells), cells / 2, time);
 }
 
 FamilyProblem NearVacuum(Draw& draw) {
@@ -215,4 +222,29 @@ FamilyProblem AnyGamma(Draw& draw) {
     const GasState right = {draw.Logarithmic(0.125, 8.0), draw.Logarithmic(0.1, 10.0),
                             draw.Uniform(-1.0, 1.0), 0.0};
     return LayWide(draw, left, right, conditions);
+}
+
+FamilyProblem UnevenJump(Draw& draw) {
+    GasState left = {1.0, 1.0, draw.Uniform(-1.0, 1.0), 0.0};
+    GasState right = {draw.Logarithmic(0.1, 10.0), draw.Logarithmic(0.01, 100.0),
+                      draw.Uniform(-1.0, 1.0), 0.0};
+    const UnevenGrid grid = DrawUnevenGrid(draw, 50 * draw.Whole(2, 4));
+    FamilyProblem problem = LayWide(left, right, {}, grid.Edges);
+    problem.Numbers += "; " + grid.Kind;
+    return problem;
+}
+
+FamilyProblem MovingBox(Draw& draw) {
+    const GasState gas = {1.0, 1.0, draw.Sign() * draw.Uniform(0.1, 2.5) * std::sqrt(1.4), 0.0};
+    GasState mirrored = gas;
+    mirrored.Ux = -gas.Ux;
+    const WaveTracking waves({mirrored, gas, mirrored}, {0.0, 1.0}, 1.4);
+    FamilyProblem problem;
+    problem.End = Ends::Walls;
+    problem.Time = draw.Uniform(0.4, 0.95) * waves.NextMeeting();
+    problem.Start = TwoStates(DrawEvenEdges(draw), 0, gas, gas);
+    problem.Density = waves.Densities(problem.Start.Edges, problem.Time);
+    problem.Numbers = Text("rho, p = 1, 1 at %.5g between walls; N %d, t %.5g", gas.Ux,
+                           problem.Start.N(), problem.Time);
+    return problem;
 }

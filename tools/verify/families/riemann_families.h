@@ -16,3 +16,5 @@ FamilyProblem LargeRatios(Draw& draw);
 FamilyProblem MovingFrame(Draw& draw);
 FamilyProblem AnyCourant(Draw& draw);
 FamilyProblem AnyGamma(Draw& draw);
+FamilyProblem UnevenJump(Draw& draw);
+FamilyProblem MovingBox(Draw& draw);

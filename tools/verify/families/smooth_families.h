@@ -9,3 +9,5 @@ FamilyProblem FiniteSoundWave(Draw& draw);
 FamilyProblem CarriedRamp(Draw& draw);
 FamilyProblem CarriedBump(Draw& draw);
 FamilyProblem CarriedWave(Draw& draw);
+FamilyProblem FastWave(Draw& draw);
+FamilyProblem UnevenSmooth(Draw& draw);

@@ -55,7 +55,9 @@ double SoundSpeed(const Primitive& s, double gamma) {
 PeerGrid::PeerGrid(const FamilyProblem& problem)
     : N(problem.Start.N()),
       Gamma(problem.Gamma),
-      End(problem.End),
+      Periodic(problem.End == Ends::Periodic),
+      WallOnLeft(problem.End == Ends::Walls || problem.End == Ends::WallAndOpen),
+      WallOnRight(problem.End == Ends::Walls || problem.End == Ends::OpenAndWall),
       Edges(static_cast<std::size_t>(N + 2 * Zone + 1)),
       Cells(static_cast<std::size_t>(N + 2 * Zone)) {
     for (int k = 0; k <= N; ++k) Edges[Zone + k] = problem.Start.Edges[k];
@@ -65,12 +67,8 @@ PeerGrid::PeerGrid(const FamilyProblem& problem)
     for (int k = 1; k <= Zone; ++k) {
         const int first = Zone;
         const int last = Zone + N - 1;
-        const double left = End == Ends::Periodic ? Width(last + 1 - k)
-                            : End == Ends::Walls  ? Width(first - 1 + k)
-                                                  : Width(first);
-        const double right = End == Ends::Periodic ? Width(first - 1 + k)
-                             : End == Ends::Walls  ? Width(last + 1 - k)
-                                                   : Width(last);
+        const double left = Width(Periodic ? last + 1 - k : WallOnLeft ? first - 1 + k : first);
+        const double right = Width(Periodic ? first - 1 + k : WallOnRight ? last + 1 - k : last);
         Edges[first - k] = Edges[first - k + 1] - left;
         Edges[last + 1 + k] = Edges[last + k] + right;
     }
@@ -84,20 +82,13 @@ void PeerGrid::FillZones() {
     for (int k = 1; k <= Zone; ++k) {
         Conserved& left = Cells[First() - k];
         Conserved& right = Cells[Last() + k];
-        switch (End) {
-            case Ends::Open:
-                left = Cells[First()];
-                right = Cells[Last()];
-                break;
-            case Ends::Walls:
-                left = mirrored(Cells[First() - 1 + k]);
-                right = mirrored(Cells[Last() + 1 - k]);
-                break;
-            case Ends::Periodic:
-                left = Cells[Last() + 1 - k];
-                right = Cells[First() - 1 + k];
-                break;
+        if (Periodic) {
+            left = Cells[Last() + 1 - k];
+            right = Cells[First() - 1 + k];
+            continue;
         }
+        left = WallOnLeft ? mirrored(Cells[First() - 1 + k]) : Cells[First()];
+        right = WallOnRight ? mirrored(Cells[Last() + 1 - k]) : Cells[Last()];
     }
 }
 

@@ -39,7 +39,9 @@ struct PeerGrid {
 
     int N;
     double Gamma;
-    Ends End;
+    bool Periodic;
+    bool WallOnLeft;
+    bool WallOnRight;
     std::vector<double> Edges;
     std::vector<Conserved> Cells;
 };
