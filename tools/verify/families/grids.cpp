@@ -1,9 +1,9 @@
 #include "verify/families/grids.h"
 
-#include <array>
 #include <cmath>
 #include <numbers>
 
+#include "core/analysis/cell_averages.h"
 #include "verify/families/text.h"
 
 std::vector<double> EvenEdges(int cells) {
@@ -63,33 +63,27 @@ GasCells TwoStates(std::vector<double> edges, int edge, const GasState& left,
     return cells;
 }
 
+std::vector<double> DensitiesOf(const ExactRiemann& solution, double gamma, double jump,
+                                double time, const std::vector<double>& edges) {
+    std::vector<double> breaks;
+    for (const double speed : solution.Breaks()) breaks.push_back(jump + speed * time);
+    const auto at = [&](double x) { return solution.At((x - jump) / time); };
+    std::vector<double> densities;
+    for (std::size_t k = 0; k + 1 < edges.size(); ++k)
+        densities.push_back(AverageOver(at, breaks, gamma, edges[k], edges[k + 1]).Rho);
+    return densities;
+}
+
 GasCells AveragesOf(std::vector<double> edges, double gamma,
                     const std::function<GasState(double x)>& flow) {
-    // Gauss-Legendre with five points in either half of a cell.
-    constexpr std::array<double, 5> nodes = {-0.9061798459386640, -0.5384693101056831, 0.0,
-                                             0.5384693101056831, 0.9061798459386640};
-    constexpr std::array<double, 5> weights = {0.2369268850561891, 0.4786286704993665,
-                                               0.5688888888888889, 0.4786286704993665,
-                                               0.2369268850561891};
     GasCells cells;
     for (std::size_t k = 0; k + 1 < edges.size(); ++k) {
-        const double quarter = 0.25 * (edges[k + 1] - edges[k]);
-        double mass = 0.0;
-        double momentum = 0.0;
-        double energy = 0.0;
-        for (int half = 0; half < 2; ++half) {
-            const double centre = edges[k] + (2 * half + 1) * quarter;
-            for (std::size_t n = 0; n < nodes.size(); ++n) {
-                const GasState s = flow(centre + quarter * nodes[n]);
-                mass += 0.25 * weights[n] * s.Rho;
-                momentum += 0.25 * weights[n] * s.Rho * s.Ux;
-                energy += 0.25 * weights[n] * (s.P / (gamma - 1.0) + 0.5 * s.Rho * s.Ux * s.Ux);
-            }
-        }
-        const double u = momentum / mass;
-        cells.Rho.push_back(mass);
-        cells.P.push_back((gamma - 1.0) * (energy - 0.5 * momentum * u));
-        cells.Ux.push_back(u);
+        // Split in the middle for the sake of narrow bumps.
+        const CellAverage cell =
+            AverageOver(flow, {0.5 * (edges[k] + edges[k + 1])}, gamma, edges[k], edges[k + 1]);
+        cells.Rho.push_back(cell.Rho);
+        cells.P.push_back(cell.P);
+        cells.Ux.push_back(cell.Ux);
     }
     cells.Edges = std::move(edges);
     return cells;

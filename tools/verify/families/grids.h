@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "verify/exact_riemann.h"
+#include "core/analysis/exact_riemann.h"
 #include "verify/families/draw.h"
 #include "verify/families/family_problem.h"
 
@@ -22,6 +22,10 @@ UnevenGrid DrawUnevenGrid(Draw& draw, int cells);
 // One state left of edge number `edge`, another right of it.
 GasCells TwoStates(std::vector<double> edges, int edge, const GasState& left,
                    const GasState& right);
+
+// Averages of the density of the solution of a jump.
+std::vector<double> DensitiesOf(const ExactRiemann& solution, double gamma, double jump,
+                                double time, const std::vector<double>& edges);
 
 // Averages of mass, momentum and energy of a smooth flow, as density, pressure and velocity.
 GasCells AveragesOf(std::vector<double> edges, double gamma,

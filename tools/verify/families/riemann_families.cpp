@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "verify/exact_riemann.h"
+#include "core/analysis/exact_riemann.h"
 #include "verify/families/grids.h"
 #include "verify/families/text.h"
 #include "verify/families/wave_tracking.h"
@@ -45,9 +45,7 @@ FamilyProblem Lay(const GasState& left, const GasState& right, const Conditions&
     problem.Courant = conditions.Courant;
     problem.Start = TwoStates(edges, edge, left, right);
     problem.Time = time;
-    for (std::size_t k = 0; k + 1 < edges.size(); ++k)
-        problem.Density.push_back(
-            ExactCellAverage(solution, edges[edge], time, edges[k], edges[k + 1]).Rho);
+    problem.Density = DensitiesOf(solution, conditions.Gamma, edges[edge], time, edges);
     problem.Numbers = Describe(left, right, problem, edges[edge]);
     return problem;
 }

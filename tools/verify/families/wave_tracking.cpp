@@ -1,8 +1,9 @@
 #include "verify/families/wave_tracking.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+
+#include "core/analysis/cell_averages.h"
 
 namespace {
 
@@ -37,8 +38,8 @@ WaveTracking::WaveTracking(const std::vector<GasState>& states, const std::vecto
     }
 }
 
-double WaveTracking::Region::Density(double x, double time) const {
-    return Fan ? Fan->Solution.At((x - Fan->Place) / (time - Fan->Time)).Rho : State.Rho;
+GasState WaveTracking::Region::At(double x, double time) const {
+    return Fan ? Fan->Solution.At((x - Fan->Place) / (time - Fan->Time)) : State;
 }
 
 // The fronts of a jump, left to right: those of waves that change something.
@@ -47,31 +48,40 @@ WaveTracking::Waves WaveTracking::Break(const GasState& left, const GasState& ri
     const auto pattern =
         std::make_shared<const Pattern>(Pattern{ExactRiemann(left, right, gamma_), place, time});
     const ExactRiemann& solution = pattern->Solution;
-    const std::vector<double>& speeds = solution.Breaks();
-    const double p = solution.StarPressure();
-    if (p <= 0.0) {
+    if (solution.HasVacuum()) {
         exact_ = false;
         return {};
     }
-    spread_ = speeds.back() - speeds.front();
-    const std::size_t contact = p > left.P ? 1 : 2;
-    const Region leftStar = {solution.At(0.5 * (speeds[contact - 1] + speeds[contact])), nullptr};
-    const Region rightStar = {solution.At(0.5 * (speeds[contact] + speeds[contact + 1])), nullptr};
-    const Region fan = {{}, pattern};
+    const double p = solution.StarPressure();
+    const double u = solution.StarVelocity();
+    const std::vector<double> breaks = solution.Breaks();
+    if (!breaks.empty()) spread_ = breaks.back() - breaks.front();
 
-    Waves waves;
-    const auto add = [&](std::size_t number, bool ofFan, const Region& regionLeftOfIt) {
-        if (!waves.Fronts.empty()) waves.Between.push_back(regionLeftOfIt);
-        waves.Fronts.push_back({place, time, speeds[number], ofFan});
-    };
-    if (Differ(p, left.P)) {
-        add(0, p < left.P, {});
-        if (p < left.P) add(1, true, fan);
+    // The states beside the contact.
+    GasState inLeft = left;
+    GasState inRight = right;
+    for (const ExactWave& wave : solution.Waves()) {
+        if (wave.Kind == WaveKind::Contact) continue;
+        const bool isLeft = wave.From < u;
+        (isLeft ? inLeft : inRight) = solution.At(0.5 * ((isLeft ? wave.To : wave.From) + u));
     }
-    if (Differ(leftStar.State.Rho, rightStar.State.Rho)) add(contact, false, leftStar);
-    if (Differ(p, right.P)) {
-        add(contact + 1, p < right.P, rightStar);
-        if (p < right.P) add(contact + 2, true, fan);
+    Waves waves;
+    const auto add = [&](const ExactWave& wave, const GasState& leftOfIt) {
+        const bool fan = wave.Kind == WaveKind::Fan;
+        if (!waves.Fronts.empty()) waves.Between.push_back({leftOfIt, nullptr});
+        waves.Fronts.push_back({place, time, wave.From, fan});
+        if (!fan) return;
+        waves.Between.push_back({{}, pattern});
+        waves.Fronts.push_back({place, time, wave.To, true});
+    };
+    for (const ExactWave& wave : solution.Waves()) {
+        if (wave.Kind == WaveKind::Contact) {
+            if (Differ(inLeft.Rho, inRight.Rho)) add(wave, inLeft);
+        } else if (wave.From < u) {
+            if (Differ(p, left.P)) add(wave, left);
+        } else if (Differ(p, right.P)) {
+            add(wave, inRight);
+        }
     }
     return waves;
 }
@@ -106,25 +116,14 @@ void WaveTracking::Meet() {
 }
 
 std::vector<double> WaveTracking::Densities(const std::vector<double>& edges, double time) const {
-    // Gauss-Legendre with five points in each smooth part of a cell.
-    constexpr std::array<double, 5> nodes = {-0.9061798459386640, -0.5384693101056831, 0.0,
-                                             0.5384693101056831, 0.9061798459386640};
-    constexpr std::array<double, 5> weights = {0.2369268850561891, 0.4786286704993665,
-                                               0.5688888888888889, 0.4786286704993665,
-                                               0.2369268850561891};
+    std::vector<double> breaks;
+    for (const Front& front : fronts_) breaks.push_back(front.At(time));
+    const auto at = [&](double x) {
+        const auto region = std::upper_bound(breaks.begin(), breaks.end(), x) - breaks.begin();
+        return regions_[static_cast<std::size_t>(region)].At(x, time);
+    };
     std::vector<double> densities;
-    for (std::size_t cell = 0; cell + 1 < edges.size(); ++cell) {
-        double mass = 0.0;
-        for (std::size_t k = 0; k < regions_.size(); ++k) {
-            const double from = std::max(edges[cell], k == 0 ? -Never : fronts_[k - 1].At(time));
-            const double to =
-                std::min(edges[cell + 1], k == fronts_.size() ? Never : fronts_[k].At(time));
-            if (to <= from) continue;
-            for (std::size_t n = 0; n < nodes.size(); ++n)
-                mass += 0.5 * weights[n] * (to - from) *
-                        regions_[k].Density(0.5 * (from + to) + 0.5 * nodes[n] * (to - from), time);
-        }
-        densities.push_back(mass / (edges[cell + 1] - edges[cell]));
-    }
+    for (std::size_t k = 0; k + 1 < edges.size(); ++k)
+        densities.push_back(AverageOver(at, breaks, gamma_, edges[k], edges[k + 1]).Rho);
     return densities;
 }

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "verify/exact_riemann.h"
+#include "core/analysis/exact_riemann.h"
 
 class WaveTracking {
 public:
@@ -47,7 +47,7 @@ private:
     struct Region {
         GasState State;                      // where uniform
         std::shared_ptr<const Pattern> Fan;  // null where uniform
-        double Density(double x, double time) const;
+        GasState At(double x, double time) const;
     };
     struct Waves {
         std::vector<Front> Fronts;
