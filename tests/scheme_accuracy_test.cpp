@@ -1,5 +1,7 @@
 // The schemes against exact solutions: bounds a few per cent above what docs/verification.md says
 // they reach, so that no change spoils it unseen.
+#include <random>
+
 #include "scheme_tests.h"
 
 namespace {
@@ -23,8 +25,8 @@ const SchemeBounds Steepening = {
     {1.37e-3, 1.37e-3, 4.45e-3, 2.50e-2, 1.86e-2, 1.61e-1, 2e-7, 1.95e-1},
     {3.53e-4, 3.53e-4, 1.08e-3, 8.00e-3, 4.81e-3, 5.73e-2, 2e-7, 7.51e-2}, 0.01};
 const SchemeBounds Lean = {
-    {2.65e-3, 2.65e-3, 4.95e-3, 2.20e-2, 2.60e-2, 1.90e-1, 1.36e-3, 3.40e-1},
-    {6.30e-4, 6.30e-4, 1.23e-3, 7.60e-3, 6.90e-3, 7.00e-2, 3.45e-4, 1.29e-1}, 0.0185};
+    {2.65e-3, 2.65e-3, 4.95e-3, 2.20e-2, 2.85e-2, 1.90e-1, 1.36e-3, 3.40e-1},
+    {6.30e-4, 6.30e-4, 1.23e-3, 8.30e-3, 7.50e-3, 7.00e-2, 3.45e-4, 1.29e-1}, 0.0185};
 const SchemeBounds Lagrangian = {
     {2.95e-3, 2.95e-3, 4.60e-3, 3.00e-2, 2.80e-2, 1.07e-1, 2e-7, 1.45e-1},
     {7.00e-4, 7.00e-4, 1.16e-3, 1.14e-2, 7.00e-3, 4.00e-2, 2e-7, 6.20e-2}, 0.045};
@@ -106,6 +108,33 @@ TEST(SoundWaves, KeepTheirShapeOnTheFullScheme) {
     EXPECT_LT(moving, 7.5e-9);
     EXPECT_GT(std::log2(SoundWaveError(scheme, 50, 0.0) / moving), 2.5);
     EXPECT_LT(SoundWaveError(scheme, 100, -1.0), 4.5e-10);
+}
+
+// Streams that collide pile up to what the two shocks leave behind them, wherever the waves of the
+// first step put the gas: the cell in which they met must let it go again. Half as much again is
+// far more than any start-up leaves, and far less than a cell that gathers it all.
+TEST_P(SchemeAccuracy, CollidingStreamsLetTheirGasGo) {
+    std::mt19937_64 random(11);
+    const auto between = [&](double low, double high) {
+        return std::exp(
+            std::uniform_real_distribution<double>(std::log(low), std::log(high))(random));
+    };
+    for (int draw = 0; draw < 60; ++draw) {
+        const double speed = between(2.0, 100.0);
+        const double drift = draw % 2 == 0 ? 0.0 : speed * (between(1.0, 3.0) - 2.0);
+        GasState left = {between(0.1, 10.0), between(0.01, 1.0) / 1.4, drift + speed, 0.0};
+        GasState right = {1.0, 1.0 / 1.4, drift - speed, 0.0};
+        const ExactRiemann solution(left, right, 1.4);
+        const double low = std::min(0.0, solution.Breaks().front());
+        const double stop = 0.8 / (std::max(0.0, solution.Breaks().back()) - low);
+        const ShockTube tube = {"", left, right, 0.1 - low * stop, stop};
+        Flow flow = ShockTubeStart(tube, 100);
+        RunTrial(scheme_, ShockTubeSettings(tube), flow);
+        const Flow exact = ShockTubeExact(tube, 100, 1.4);
+        EXPECT_LT(*std::max_element(flow.Rho.begin(), flow.Rho.end()),
+                  1.5 * *std::max_element(exact.Rho.begin(), exact.Rho.end()))
+            << left.Rho << " " << left.P << " " << left.Ux << " | 1 0.714 " << right.Ux;
+    }
 }
 
 TEST(Constants, DoWhatTheirDocumentationSays) {

@@ -8,9 +8,9 @@
 // Fluxes through edges first..last. The outer waves run into the gas on their side at the sound
 // speed of both gases taken together plus (gamma + 1) / 4 of the speed at which the two close in on
 // each other, as the shocks do where two equal gases collide, but no slower than the larger sound
-// speed. A gas that meets a much denser one is stopped altogether, and its wave then runs at (gamma
-// + 1) / 2 of the closing speed. In an even pressure and velocity only the contact is left, and is
-// exact.
+// speed, and no slower than (gamma + 1) / 2 of the change of velocity that waves of that speed make
+// of the two pressures and velocities: no shock is slower than that, and a wave that is lets the
+// gas between overtake it. In an even pressure and velocity only the contact is left, and is exact.
 template <typename Float>
 void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>& fluxes, int first,
                 int last) {
@@ -43,11 +43,14 @@ void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>&
         const Float soundOfFaster = Sqrt(gamma * (pFast * (perSums * sumRho)));
         const Float soundOfBoth = Sqrt(gamma * ((pL + pR) * perSumRho));
         const Float closing = uL - uR;
-        const Float meeting = strong * Max(closing, Opaque(Float(0)));
-        const Float usual = Max(soundOfBoth + half * meeting, soundOfFaster);
-        const Float stopping = meeting * perSumRho;
-        const Float reachL = Max(usual, stopping * rhoR);
-        const Float reachR = Max(usual, stopping * rhoL);
+        const Float meeting = Max(closing, Opaque(Float(0)));
+        const Float usual = Max(soundOfBoth + half * (strong * meeting), soundOfFaster);
+
+        // The velocity that waves of that speed leave between them, as changes on the two sides.
+        const Float perMass = perSumRho * closing;
+        const Float pushed = perSumRho * (pL - pR) / usual;
+        const Float reachL = Max(usual, strong * (perMass * rhoR - pushed));
+        const Float reachR = Max(usual, strong * (perMass * rhoL + pushed));
         const Float wL = rhoL * reachL;
         const Float wR = rhoR * reachR;
 

@@ -14,10 +14,10 @@ namespace predictor_corrector {
 // done only for the chunks that need it: where there may be a contact, where there is one, and
 // where there is a shock.
 constexpr CellCost PreparationCost = {2, 8, 1, 2, 1};
-constexpr CellCost GasCost = {119, 98, 4, 71, 2};
+constexpr CellCost GasCost = {126, 102, 5, 75, 2};
 constexpr CellCost SuspicionCost = {11, 6, 0, 5, 0};
 constexpr CellCost ContactCost = {19, 9, 1, 7, 0};
-constexpr CellCost ShockCost = {2, 14, 0, 2, 0};
+constexpr CellCost ShockCost = {7, 16, 0, 8, 0};
 
 template <typename Float>
 struct StepRows {
@@ -53,7 +53,7 @@ void Predict(const StripState<Float>& strip, const StepConstants<Float>& constan
     CountOperations(SuspicionCost, std::min(contacts.Suspect, n), counters);
     CountOperations(ContactCost, std::min(contacts.Steepened, n), counters);
     const int flattened =
-        FlattenThinShocks(strip, predictor.Rho, predictor.Ux, predictor.P, first, last);
+        FlattenShocks(strip, predictor.Rho, predictor.Ux, predictor.P, first, last);
     CountOperations(ShockCost, std::min(flattened, n), counters);
     PredictEdgeStates(strip, rows.Cells, constants.Gamma, predictor, rows.States, first, last);
     CloseEdge(rows.States, last + 1);
