@@ -1,6 +1,5 @@
 #include "panel/picture/space_time_view.h"
 
-#include <QImage>
 #include <algorithm>
 #include <cassert>
 #include <cmath>
@@ -8,6 +7,7 @@
 
 #include "core/model/experiment_state.h"
 #include "core/model/number_text.h"
+#include "core/picture/space_time_picture.h"
 #include "core/picture/space_time_raster.h"
 #include "core/run/scheme_table.h"
 #include "core/run/state_store.h"
@@ -20,25 +20,6 @@
 #include "panel/widgets/surface.h"
 
 namespace {
-
-struct GrayVariable {
-    const char* Name;
-    OffsetArray<float> ExperimentState::*Stored;
-};
-
-constexpr GrayVariable StoredVariables[] = {
-    {"Density", &ExperimentState::SRho},   {"Pressure", &ExperimentState::SP},
-    {"Velocity", &ExperimentState::SUx},   {"VY", &ExperimentState::SUy},
-    {"FSmoke", &ExperimentState::SFSmoke}, {"R+", &ExperimentState::SRPlus},
-    {"R-", &ExperimentState::SRMinus},     {"R0 (Entropy)", &ExperimentState::SEntropy},
-};
-
-const OffsetArray<float>* StoredVariable(const ExperimentState& state, const std::string& name) {
-    for (const GrayVariable& variable : StoredVariables) {
-        if (name == variable.Name) return &(state.*variable.Stored);
-    }
-    return nullptr;
-}
 
 // A table of stored values and the size that its picture is to have, in pixels.
 struct PictureOrder {
@@ -64,17 +45,11 @@ std::optional<PictureOrder> OrderPicture(const ExperimentState& state, Controls&
     }
     const OffsetArray<float>* stored = StoredVariable(state, TextOf(controls.lstGrayVariable));
     if (stored == nullptr) return std::nullopt;
-    const int n = state.NGridCells;
-    return PictureOrder{
-        {stored->At(0), n, states, StoreStride(state), state.StoreGeneration}, width, height};
+    return PictureOrder{StoredTable(state, *stored, states), width, height};
 }
 
-// Lo and Hi become the extremes. The raster's first row in memory is the bottom row of the picture.
-QImage DrawPicture(const PictureOrder& order, SpaceTimeRaster& raster, double& lo, double& hi) {
-    DrawSpaceTime(order.Table, lo, hi, order.Width, order.Height, raster);
-    const QImage image(raster.DibBits.data(), raster.biWidth, raster.biHeight, raster.DibRowBytes,
-                       QImage::Format_Grayscale8);
-    return image.mirrored(/*horizontal=*/false, /*vertical=*/true);
+AxisLimits DrawPicture(const PictureOrder& order, SpaceTimeRaster& raster, DrawingList& list) {
+    return DrawSpaceTimePicture(order.Table, order.Width, order.Height, raster, list);
 }
 
 void ShowBoxesUnderPicture(Controls& controls, bool visible) {
@@ -95,11 +70,13 @@ void PaintFirstStates(ExperimentState& state, Controls& controls, int states) {
     if (!order) return;
     SpaceTimeSurface& surface = PictureSurface(controls);
     const bool isBig = state.SpaceTimeBig != 0;
-    double lo = 0.0, hi = 0.0;
-    surface.ShowGray(DrawPicture(*order, isBig ? surface.Raster2 : surface.Raster1, lo, hi));
+    AxisLimits limits{};
+    surface.Replace([&](DrawingList& list) {
+        limits = DrawPicture(*order, isBig ? surface.Raster2 : surface.Raster1, list);
+    });
     if (isBig) {
-        PutText(controls.txtVelocityMin, FormatNumber(lo, "##0.0####"));
-        PutText(controls.txtVelocityMax, FormatNumber(hi, "##0.0####"));
+        PutText(controls.txtVelocityMin, FormatNumber(limits.Lo, "##0.0####"));
+        PutText(controls.txtVelocityMax, FormatNumber(limits.Hi, "##0.0####"));
     }
 }
 
@@ -111,12 +88,10 @@ void PaintFirstStatesWhenSeen(ExperimentState& state, Controls& controls, int st
     const std::optional<PictureOrder> order = OrderPicture(state, controls, states);
     if (!order) return;
     SpaceTimeSurface& surface = PictureSurface(controls);
-    surface.ShowGrayWhenSeen([&raster = surface.Raster1, &state, order = *order] {
+    surface.ReplaceWhenSeen([&raster = surface.Raster1, &state, order = *order](DrawingList& list) {
         // Every event but the tick has the picture drawn before it may change what is stored.
         assert(order.Table.Generation == state.StoreGeneration);
-        if (order.Table.Generation != state.StoreGeneration) return QImage();
-        double lo = 0.0, hi = 0.0;
-        return DrawPicture(order, raster, lo, hi);
+        if (order.Table.Generation == state.StoreGeneration) DrawPicture(order, raster, list);
     });
 }
 

@@ -2,55 +2,21 @@
 
 #include "core/model/experiment_state.h"
 #include "core/model/number_text.h"
-#include "core/picture/plot_curves.h"
+#include "core/picture/line_plot.h"
 #include "panel/controls.h"
 #include "panel/widgets/control_values.h"
 #include "panel/widgets/surface.h"
 
 namespace {
 
-constexpr float MarkSize = 100.0F;  // twips
-constexpr float MarkHalf = MarkSize / 2.0F;
-
-// One of the three plots: its surface, the boxes of its limits, and whether these are its own now.
+// A plot on the panel: its surface, the boxes of its limits, and whether these are its own now.
 struct Plot {
+    LinePlot Kind;
     Surface& Picture;
     QLineEdit* MinBox;
     QLineEdit* MaxBox;
     bool HasBoxes;
 };
-
-using Values = OffsetArray<double>;
-
-float Coordinate(int whole) {
-    return static_cast<float>(whole);
-}
-
-void DrawCurve(const ExperimentState& state, const PlotScale& scale, const Values& v,
-               Surface& picture) {
-    const int n = state.NGridCells;
-    picture.LineFrom(0.0F, Coordinate(scale.Y((v[1] + v[0]) * 0.5)), Coordinate(scale.X(state, 1)),
-                     Coordinate(scale.Y(v[1])));
-    for (int i = 2; i <= n; ++i) {
-        picture.LineOn(Coordinate(scale.X(state, i)), Coordinate(scale.Y(v[i])));
-    }
-    picture.LineOn(Coordinate(scale.Edge(state.X[n + 1])),
-                   Coordinate(scale.Y((v[n + 1] + v[n]) * 0.5)));
-}
-
-void DrawMarks(const ExperimentState& state, const PlotScale& scale, const Values& v,
-               Surface& picture) {
-    const auto left = [&](int m) { return Coordinate(scale.X(state, m)) - MarkHalf; };
-    const auto top = [&](int m) { return Coordinate(scale.Y(v[m])) - MarkHalf; };
-    if (state.SoundWaveMode == 0 && state.Stopped == 1 && state.StoredStateNumber == 0) {
-        for (int k = 1; k <= state.NSelected; ++k) {
-            const int m = state.MSelList[k];
-            picture.BoxFilled(left(m), top(m), MarkSize, MarkSize);
-        }
-    }
-    const int m = state.MSelected;
-    picture.BoxOutline(left(m), top(m), MarkSize, MarkSize);
-}
 
 void ShowSelectedCell(ExperimentState& state, Controls& controls) {
     if (BarValue(controls.hsbMSelected) != state.MSelected) {
@@ -61,13 +27,11 @@ void ShowSelectedCell(ExperimentState& state, Controls& controls) {
 
 // `lo` and `hi` are read again when the boxes are written: the selected cell's boxes come first,
 // and their handlers can widen an axis.
-void PaintPlot(ExperimentState& state, Controls& controls, const Plot& plot, const Values& v,
-               const double& lo, const double& hi) {
+void PaintValues(ExperimentState& state, Controls& controls, const Plot& plot,
+                 const OffsetArray<double>& values, const double& lo, const double& hi) {
     if (!plot.Picture.IsUnseen()) {
-        const PlotScale scale(state, plot.Picture.ScaleWidth(), plot.Picture.ScaleHeight(),
-                              {lo, hi});
-        DrawCurve(state, scale, v, plot.Picture);
-        DrawMarks(state, scale, v, plot.Picture);
+        const PlotSize size{plot.Picture.ScaleWidth(), plot.Picture.ScaleHeight()};
+        DrawPlot(state, values, {lo, hi}, size, plot.Picture.Drawing());
     }
     ShowSelectedCell(state, controls);
     if (!plot.HasBoxes) return;
@@ -76,9 +40,18 @@ void PaintPlot(ExperimentState& state, Controls& controls, const Plot& plot, con
     PutText(plot.MaxBox, FormatNumber(hi, format));
 }
 
-void PaintCurve(ExperimentState& state, Controls& controls, const Plot& plot,
-                const PlotCurve& curve) {
-    PaintPlot(state, controls, plot, curve.Values, curve.Limits.Lo, curve.Limits.Hi);
+void PaintPlot(ExperimentState& state, Controls& controls, const Plot& plot) {
+    if (state.SoundWaveMode == 0) {
+        const PlotQuantity shown = QuantityOf(plot.Kind);
+        PaintValues(state, controls, plot, state.*shown.Values, state.*shown.Lo, state.*shown.Hi);
+        return;
+    }
+    const PlotCurve curve = BuildSoundWaveCurve(state, plot.Kind);
+    if (plot.Kind == LinePlot::Velocity) {
+        state.RMinusMin = curve.Limits.Lo;
+        state.RMinusMax = curve.Limits.Hi;
+    }
+    PaintValues(state, controls, plot, curve.Values, curve.Limits.Lo, curve.Limits.Hi);
 }
 
 void SetUnseen(const Controls& controls, bool isUnseen) {
@@ -110,36 +83,23 @@ PlotsUnseen::~PlotsUnseen() {
 }
 
 void pctDensityPlot_Paint(ExperimentState& state, Controls& controls) {
-    const Plot plot{*controls.pctDensityPlot, controls.txtDensityMin, controls.txtDensityMax, true};
-    if (state.SoundWaveMode == 0) {
-        PaintPlot(state, controls, plot, state.Rho, state.RhoMin, state.RhoMax);
-    } else {
-        PaintCurve(state, controls, plot, BuildInvariantCurve(state, +1.0));
-    }
+    PaintPlot(state, controls,
+              {LinePlot::Density, *controls.pctDensityPlot, controls.txtDensityMin,
+               controls.txtDensityMax, true});
 }
 
 void pctPressurePlot_Paint(ExperimentState& state, Controls& controls) {
-    const Plot plot{*controls.pctPressurePlot, controls.txtPressureMin, controls.txtPressureMax,
-                    true};
-    if (state.SoundWaveMode == 0) {
-        PaintPlot(state, controls, plot, state.P, state.PMin, state.PMax);
-    } else {
-        PaintCurve(state, controls, plot, BuildEntropyCurve(state));
-    }
+    PaintPlot(state, controls,
+              {LinePlot::Pressure, *controls.pctPressurePlot, controls.txtPressureMin,
+               controls.txtPressureMax, true});
 }
 
 void pctVelocityPlot_Paint(ExperimentState& state, Controls& controls) {
     // While the space-time picture is big, the two boxes under it belong to it.
-    const Plot plot{*controls.pctVelocityPlot, controls.txtVelocityMin, controls.txtVelocityMax,
-                    state.SpaceTimeBig == 0};
-    if (state.SoundWaveMode == 0) {
-        PaintPlot(state, controls, plot, state.Ux, state.VXMin, state.VXMax);
-    } else {
-        const PlotCurve curve = BuildInvariantCurve(state, -1.0);
-        state.RMinusMin = curve.Limits.Lo;
-        state.RMinusMax = curve.Limits.Hi;
-        PaintCurve(state, controls, plot, curve);
-    }
+    const bool hasBoxes = state.SpaceTimeBig == 0;
+    PaintPlot(state, controls,
+              {LinePlot::Velocity, *controls.pctVelocityPlot, controls.txtVelocityMin,
+               controls.txtVelocityMax, hasBoxes});
 }
 
 void PaintPlots(ExperimentState& state, Controls& controls) {

@@ -5,33 +5,37 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <cassert>
 #include <cmath>
+#include <cstdint>
+#include <span>
 #include <utility>
+#include <variant>
 
 #include "panel/widgets/black_pen.h"
 #include "panel/widgets/edge_drawing.h"
 
 namespace {
 
-// Beyond this many points the list gives way to a picture of what it drew: a surface that nobody
+// Beyond this many points the list gives way to an image of what it drew, so that a surface nobody
 // clears takes no more memory than this.
-constexpr std::size_t MostKeptPoints = 32768;
+constexpr std::size_t MaxKeptPoints = 32768;
 
 bool IsFinite(QPointF point) {
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
-// The picture in the format of the surface's own image. The toolkit's conversion would wake its
-// threads for it, which takes longer than the work.
-QImage InColour(const QImage& gray) {
-    const int width = gray.width();
-    const int height = gray.height();
+QPointF Mapped(const QTransform& toDevice, DrawnPoint point) {
+    return toDevice.map(QPointF(point.X, point.Y));
+}
+
+// Levels in the format of the surface's own image. The toolkit's conversion would wake its threads
+// for this, which takes longer than the work.
+QImage InColour(std::span<const std::uint8_t> levels, int width, int height) {
     QImage picture(width, height, QImage::Format_RGB32);
+    auto level = levels.begin();
     for (int y = 0; y < height; ++y) {
-        const uchar* const levels = gray.constScanLine(y);
         auto* const pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < width; ++x) pixels[x] = 0xFF000000 | (levels[x] * 0x010101U);
+        for (int x = 0; x < width; ++x) pixels[x] = 0xFF000000 | (*level++ * 0x010101U);
     }
     return picture;
 }
@@ -50,57 +54,43 @@ void Surface::Place(const QRect& twips) {
 
 void Surface::Cls() {
     Erase();
-    current_ = {};
+    list_.Clear();
     Refresh();
 }
 
-void Surface::LineFrom(float x1, float y1, float x2, float y2) {
-    const QPointF start(x1, y1);
-    current_ = QPointF(x2, y2);
-    Keep(Curve{start, current_}, 2);
-}
-
-void Surface::LineOn(float x2, float y2) {
+DrawingList& Surface::Drawing() {
     Settle();
-    const QPointF start = std::exchange(current_, QPointF(x2, y2));
-    Curve* const open = items_.size() > drawn_ ? std::get_if<Curve>(&items_.back()) : nullptr;
-    if (open == nullptr || keptPoints_ >= MostKeptPoints) {
-        Keep(Curve{start, current_}, 2);
-        return;
+    if (list_.PointCount() >= MaxKeptPoints) {
+        Rasterise();
+        under_ = image_;
+        list_.ClearItems();
+        drawn_ = 0;
     }
-    open->push_back(current_);
-    ++keptPoints_;
+    Refresh();
+    return list_;
 }
 
-void Surface::BoxFilled(float x, float y, float w, float h) {
-    Keep(Box{QPointF(x, y), QPointF(x, y) + QPointF(w, h), true}, 2);
-}
-
-void Surface::BoxOutline(float x, float y, float w, float h) {
-    Keep(Box{QPointF(x, y), QPointF(x, y) + QPointF(w, h), false}, 2);
-}
-
-void Surface::ShowGray(QImage gray) {
-    if (gray.isNull()) return;
-    ReplaceBy(std::move(gray));
+void Surface::Replace(const Draw& draw) {
+    Exchange(draw);
     Refresh();
 }
 
-void Surface::ShowGrayWhenSeen(std::function<QImage()> draw) {
+void Surface::ReplaceWhenSeen(Draw draw) {
     awaited_ = std::move(draw);
     Refresh();
 }
 
+// Asks for no repaint: it may be a paint event that looks.
 void Surface::Settle() {
-    if (!awaited_) return;
-    QImage gray = std::exchange(awaited_, nullptr)();
-    if (!gray.isNull()) ReplaceBy(std::move(gray));
+    if (awaited_) Exchange(std::exchange(awaited_, nullptr));
 }
 
-void Surface::ReplaceBy(QImage gray) {
-    assert(gray.format() == QImage::Format_Grayscale8);
+void Surface::Exchange(const Draw& draw) {
+    next_.Clear();
+    draw(next_);
+    if (next_.Items().empty()) return;
     Erase();
-    items_.emplace_back(std::move(gray));
+    std::swap(list_, next_);
 }
 
 void Surface::Refresh() {
@@ -114,24 +104,9 @@ const QImage& Surface::Image() {
 
 void Surface::Erase() {
     awaited_ = nullptr;
-    items_.clear();
-    keptPoints_ = 0;
+    under_ = QImage();
     drawn_ = 0;
-    blank_ = true;
-}
-
-void Surface::Keep(Item item, std::size_t points) {
-    Settle();
-    if (keptPoints_ >= MostKeptPoints) {
-        Rasterise();
-        items_.clear();
-        items_.emplace_back(image_);
-        drawn_ = 1;
-        keptPoints_ = 0;
-    }
-    items_.push_back(std::move(item));
-    keptPoints_ += points;
-    Refresh();
+    isBlank_ = true;
 }
 
 void Surface::Rasterise() {
@@ -143,22 +118,25 @@ void Surface::Rasterise() {
     if (image_.size() != wanted || image_.devicePixelRatio() != ratio) {
         image_ = QImage(wanted, QImage::Format_RGB32);
         image_.setDevicePixelRatio(ratio);
-        blank_ = true;
+        isBlank_ = true;
     }
-    if (blank_) {
+    if (isBlank_) {
         image_.fill(palette().color(QPalette::Base));
+        if (!under_.isNull()) DrawOver(under_);
         drawn_ = 0;
-        blank_ = false;
+        isBlank_ = false;
     }
-    for (; drawn_ < items_.size(); ++drawn_) {
-        std::visit([this](const auto& item) { Draw(item); }, items_[drawn_]);
+    const QTransform toDevice = ToDevice();
+    for (; drawn_ < list_.Items().size(); ++drawn_) {
+        std::visit([&](const auto& item) { DrawItem(item, toDevice); }, list_.Items()[drawn_]);
     }
+    list_.EndCurve();
 }
 
-// A point on the surface is drawn as the pixel around it; a point on the right or bottom edge
-// belongs to the last pixel, so that a curve along either end of an axis is seen. Shrinking by one
-// pixel does both, and moves nothing by more than half a pixel. The result counts device pixels
-// from the image's corner to the middle of the pen.
+// A point is drawn as the pixel around it. One on the right or bottom edge belongs to the last
+// pixel, so that a curve along either end of an axis is visible. Shrinking by one pixel does both
+// and moves nothing by more than half a pixel. The result is in device pixels, from the image's
+// corner to the middle of the pen.
 QTransform Surface::ToDevice() const {
     const double ratio = devicePixelRatioF();
     const auto scale = [&](int pixels) { return ratio / unitsPerPixel_ * (pixels - 1) / pixels; };
@@ -170,30 +148,34 @@ int Surface::PenWidth() const {
     return std::max(1, qRound(devicePixelRatioF()));
 }
 
-void Surface::Draw(const Curve& curve) {
-    const QTransform toDevice = ToDevice();
+void Surface::DrawItem(const DrawnCurve& curve, const QTransform& toDevice) {
+    const std::span<const DrawnPoint> points = list_.PointsOf(curve);
     BlackPen pen(image_, PenWidth());
-    QPointF from = toDevice.map(curve.front());
-    for (std::size_t i = 1; i < curve.size(); ++i) {
-        const QPointF to = toDevice.map(curve[i]);
+    QPointF from = Mapped(toDevice, points.front());
+    for (const DrawnPoint& point : points.subspan(1)) {
+        const QPointF to = Mapped(toDevice, point);
         if (IsFinite(from) && IsFinite(to)) pen.Line(from, to);
         from = to;
     }
 }
 
-void Surface::Draw(const Box& box) {
-    const QPointF corner = ToDevice().map(box.Corner);
-    const QPointF opposite = ToDevice().map(box.Opposite);
+void Surface::DrawItem(const DrawnBox& box, const QTransform& toDevice) {
+    const QPointF corner = Mapped(toDevice, box.Corner);
+    const QPointF opposite = Mapped(toDevice, box.Opposite);
     if (!IsFinite(corner) || !IsFinite(opposite)) return;
     BlackPen pen(image_, PenWidth());
-    box.Filled ? pen.FilledBox(corner, opposite) : pen.BoxOutline(corner, opposite);
+    box.IsFilled ? pen.FilledBox(corner, opposite) : pen.BoxOutline(corner, opposite);
 }
 
-void Surface::Draw(const QImage& picture) {
+void Surface::DrawItem(const DrawnGray& gray, const QTransform& /*toDevice*/) {
+    DrawOver(InColour(list_.LevelsOf(gray), gray.Width, gray.Height));
+}
+
+// Over the whole image, stretched where sizes differ.
+void Surface::DrawOver(const QImage& picture) {
     QPainter painter(&image_);
-    const bool isGray = picture.format() == QImage::Format_Grayscale8;
-    painter.drawImage(QRectF(QPointF(), QSizeF(image_.size()) / devicePixelRatioF()),
-                      isGray ? InColour(picture) : picture, picture.rect());
+    painter.drawImage(QRectF(QPointF(), QSizeF(image_.size()) / devicePixelRatioF()), picture,
+                      picture.rect());
 }
 
 void Surface::paintEvent(QPaintEvent* /*event*/) {

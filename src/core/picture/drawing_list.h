@@ -1,0 +1,85 @@
+// What a picture is made of, as data: lines, boxes and a gray image, in the order in which they are
+// drawn. Knows no window: a surface turns it into pixels, an SVG document into elements.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <variant>
+#include <vector>
+
+struct DrawnPoint {
+    double X = 0.0;
+    double Y = 0.0;
+
+    bool operator==(const DrawnPoint&) const = default;
+};
+
+// Segments from point to point: Count points of the list from First on, at least two.
+struct DrawnCurve {
+    std::size_t First;
+    std::size_t Count;
+};
+
+// The rectangle between two opposite corners, or only its edge.
+struct DrawnBox {
+    DrawnPoint Corner;
+    DrawnPoint Opposite;
+    bool IsFilled;
+};
+
+// An image in 256 grays, 0 black and 255 white, that covers the whole picture whatever the size of
+// that. Width * Height levels of the list from First on, the top row first.
+struct DrawnGray {
+    std::size_t First;
+    int Width;
+    int Height;
+};
+
+// Coordinates are in the picture's own unit, from its top left corner, y growing downward. They may
+// lie anywhere, and need not be finite: what is off the picture is not seen, and a segment or a box
+// with a coordinate that is not finite is left out. Lines and boxes are black and one pixel wide.
+//
+// Storage is kept when the list is cleared, so that a picture drawn again and again allocates
+// nothing.
+class DrawingList {
+public:
+    using Item = std::variant<DrawnCurve, DrawnBox, DrawnGray>;
+
+    // Empties the list; the current point returns to 0, 0, or stays.
+    void Clear();
+    void ClearItems();
+
+    // A segment from the given start, or from the current point; its end is the new current point.
+    void LineFrom(float x1, float y1, float x2, float y2);
+    void LineOn(float x2, float y2);
+
+    // The rectangle with the corners x, y and x+w, y+h, or its edge only. The current point stays.
+    void BoxFilled(float x, float y, float w, float h);
+    void BoxOutline(float x, float y, float w, float h);
+
+    // Adds a gray image of at least 1 by 1 and gives its levels, all 0, to be filled. They may move
+    // with the next change of the list.
+    std::span<std::uint8_t> Gray(int width, int height);
+
+    // Lets the next LineOn begin a curve of its own, so that the items so far stay as they are.
+    void EndCurve() { isCurveOpen_ = false; }
+
+    const std::vector<Item>& Items() const { return items_; }
+    std::span<const DrawnPoint> PointsOf(const DrawnCurve& curve) const;
+    std::span<const std::uint8_t> LevelsOf(const DrawnGray& gray) const;
+
+    // What the list takes of memory, as a number of points: two for a box, none for an image.
+    std::size_t PointCount() const { return points_.size() + 2 * boxCount_; }
+
+private:
+    void Add(const Item& item);
+    void AddBox(float x, float y, float w, float h, bool isFilled);
+
+    std::vector<Item> items_;
+    std::vector<DrawnPoint> points_;    // of all curves
+    std::vector<std::uint8_t> levels_;  // of all gray images
+    std::size_t boxCount_ = 0;
+    DrawnPoint current_;
+    bool isCurveOpen_ = false;  // the last item is a curve that ends at the current point
+};
