@@ -5,6 +5,7 @@
 #include <QTest>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <random>
 #include <string>
@@ -29,7 +30,7 @@ public:
         return PixelsWhere(image, [&](int x, int y) { return image.pixel(x, y) == 0xFF000000; });
     }
 
-    // The smallest rectangle in logical pixels around all that is black.
+    // The smallest rectangle in logical pixels around everything black.
     QRectF Black() {
         const QRect bounds = BlackPixels().Bounds;
         const double ratio = devicePixelRatioF();
@@ -58,10 +59,10 @@ TEST(Surface, PutsLinesAndBoxesOnWholePixels) {
     const float h = plot.ScaleHeight();
     EXPECT_EQ(w, 453 * 15);
     EXPECT_EQ(h, 193 * 15);
-    using Draw = void (Surface::*)(float, float, float, float);
-    const Draw line = &Surface::LineFrom;
-    const Draw box = &Surface::BoxFilled;
-    const Draw outline = &Surface::BoxOutline;
+    using Draw = void (DrawingList::*)(float, float, float, float);
+    const Draw line = &DrawingList::LineFrom;
+    const Draw box = &DrawingList::BoxFilled;
+    const Draw outline = &DrawingList::BoxOutline;
     // clang-format off
     const struct { Draw draw; float a, b, c, d; QRectF black; } rows[] = {
         {line, 0,      0,     w,      0,     {0, 0,  453, 1}},   {line, 0,     h,     w,     h,    {0, 192, 453, 1}},
@@ -76,7 +77,7 @@ TEST(Surface, PutsLinesAndBoxesOnWholePixels) {
     // clang-format on
     for (const auto& row : rows) {
         plot.Cls();
-        (plot.*row.draw)(row.a, row.b, row.c, row.d);
+        (plot.Drawing().*row.draw)(row.a, row.b, row.c, row.d);
         ExpectBlack(plot, row.black, std::to_string(row.a) + " " + std::to_string(row.b));
     }
     const QPoint middle = (QPointF(105.5, 104.5) * plot.devicePixelRatioF()).toPoint();
@@ -94,8 +95,8 @@ TEST(Surface, DrawsOnFromTheCurrentPoint) {
         const float step = random() % 2 == 0 ? 30.0F : -30.0F;
         const float nextX = i % 2 == 0 ? x : std::clamp(x + step, 0.0F, 6780.0F);
         const float nextY = i % 2 == 0 ? std::clamp(y + step, 0.0F, 2880.0F) : y;
-        unseen.LineFrom(x, y, nextX, nextY);
-        looked.LineOn(nextX, nextY);  // the current point is 0, 0 to begin with
+        unseen.Drawing().LineFrom(x, y, nextX, nextY);
+        looked.Drawing().LineOn(nextX, nextY);  // the current point is 0, 0 to begin with
         if (i % 1000 == 0) looked.Image();
         x = nextX;
         y = nextY;
@@ -103,14 +104,14 @@ TEST(Surface, DrawsOnFromTheCurrentPoint) {
     EXPECT_EQ(looked.Image(), unseen.Image());
     EXPECT_EQ(looked.grab().toImage().convertToFormat(QImage::Format_RGB32), unseen.Image());
     looked.Cls();
-    looked.LineOn(1500, 1500);
+    looked.Drawing().LineOn(1500, 1500);
     EXPECT_EQ(looked.Black().topLeft(), QPointF(0, 0)) << "Cls returns the current point";
 }
 
 TEST(Surface, KeepsWhatWasDrawnWhenItsSizeChanges) {
     Plot plot;
-    plot.LineFrom(0, 0, 3000, 2000);
-    plot.BoxFilled(1000, 1000, 100, 100);
+    plot.Drawing().LineFrom(0, 0, 3000, 2000);
+    plot.Drawing().BoxFilled(1000, 1000, 100, 100);
     const QImage before = plot.Image();
     plot.Place(QRect(0, 0, 14600, 6615));
     EXPECT_NE(plot.Image().size(), before.size());
@@ -120,13 +121,13 @@ TEST(Surface, KeepsWhatWasDrawnWhenItsSizeChanges) {
 
 TEST(Surface, IgnoresWhatIsNotANumberAndDrawsOn) {
     Plot plot;
-    plot.LineFrom(0, 1500, NotANumber, 0);
-    plot.LineOn(Infinite, 1500);
-    plot.LineOn(1500, 1500);
-    plot.BoxFilled(NotANumber, 0, 100, 100);
-    plot.BoxOutline(0, 0, Infinite, 100);
+    plot.Drawing().LineFrom(0, 1500, NotANumber, 0);
+    plot.Drawing().LineOn(Infinite, 1500);
+    plot.Drawing().LineOn(1500, 1500);
+    plot.Drawing().BoxFilled(NotANumber, 0, 100, 100);
+    plot.Drawing().BoxOutline(0, 0, Infinite, 100);
     EXPECT_TRUE(plot.Black().isEmpty());
-    plot.LineOn(3000, 1500);
+    plot.Drawing().LineOn(3000, 1500);
     ExpectBlack(plot, QRectF(100, 99, 101, 1), "drawing goes on");
 }
 
@@ -134,7 +135,7 @@ TEST(Surface, IgnoresWhatIsNotANumberAndDrawsOn) {
 TEST(Surface, CutsLinesWithoutMovingThem) {
     for (const float far : {1e4F, 1e6F, 1e9F, 1e30F}) {
         Plot plot;
-        plot.LineFrom(0, 0, far, far / 2);
+        plot.Drawing().LineFrom(0, 0, far, far / 2);
         const QImage image = plot.Image();
         const double ratio = plot.devicePixelRatioF();
         const Pixels misplaced = PixelsWhere(image, [&](int x, int y) {
@@ -149,17 +150,47 @@ TEST(Surface, CutsLinesWithoutMovingThem) {
 TEST(Surface, ShowsAGrayPictureUnsmoothed) {
     Surface surface(Scale, 1.0);
     surface.resize(40, 20);
-    std::vector<uchar> levels(40 * 20);
+    std::vector<std::uint8_t> levels(40 * 20);
     for (std::size_t i = 0; i < levels.size(); ++i) levels[i] = static_cast<uchar>(i * 53 % 256);
-    const QImage drawn(levels.data(), 40, 20, 40, QImage::Format_Grayscale8);
-    surface.ShowGray(drawn);
+    surface.Replace(
+        [&](DrawingList& list) { std::ranges::copy(levels, list.Gray(40, 20).begin()); });
     const QImage image = surface.Image();
     const double ratio = surface.devicePixelRatioF();
     const Pixels others = PixelsWhere(image, [&](int x, int y) {
-        const QPoint level(static_cast<int>(x / ratio), static_cast<int>(y / ratio));
-        return image.pixel(x, y) != drawn.pixel(level);
+        const auto level = static_cast<std::size_t>(static_cast<int>(y / ratio) * 40 + x / ratio);
+        return image.pixel(x, y) != qRgb(levels[level], levels[level], levels[level]);
     });
     EXPECT_EQ(others.Count, 0);
+}
+
+// A picture that waits is drawn once, and only if nothing has come in its place before.
+TEST(Surface, DrawsAReplacementOnlyWhenItIsSeen) {
+    Plot plot;
+    int calls = 0;
+    const auto drawBox = [&calls](float x) {
+        return [&calls, x](DrawingList& list) {
+            ++calls;
+            list.BoxFilled(x, 1500, 150, 150);
+        };
+    };
+    plot.Drawing().LineFrom(0, 0, 3000, 2000);
+    plot.ReplaceWhenSeen(drawBox(1500));
+    plot.ReplaceWhenSeen(drawBox(3000));
+    EXPECT_EQ(calls, 0);
+    for (int look = 0; look < 2; ++look) ExpectBlack(plot, QRectF(200, 99, 11, 11), "the later");
+    EXPECT_EQ(calls, 1);
+
+    plot.ReplaceWhenSeen(drawBox(4500));
+    plot.Cls();
+    EXPECT_TRUE(plot.Black().isEmpty()) << "Cls is later than what waits";
+    EXPECT_EQ(calls, 1);
+
+    plot.ReplaceWhenSeen(drawBox(1500));
+    plot.Drawing().BoxFilled(3000, 1500, 150, 150);
+    ExpectBlack(plot, QRectF(100, 99, 111, 11), "what is added lies over what waits");
+    const QImage before = plot.Image().copy();
+    plot.Replace([](DrawingList&) {});
+    EXPECT_EQ(plot.Image(), before) << "nothing replaces nothing";
 }
 
 TEST(Surface, TellsPressesClicksAndDoubleClicksInOrder) {
