@@ -38,16 +38,19 @@ protected:
 TEST_F(HeadlessPicture, ShowsThePlotsOfThePanel) {
     ExpectSamePlots("the default problem with its control points ");
     Begin("cmdTest1");
-    ExpectSamePlots("a run begins ");
     panel.Tick(3);
     ExpectSamePlots("a run goes on ");
     ASSERT_TRUE(panel.RunToEnd());
     ExpectSamePlots("a run has ended ");
+}
+
+TEST_F(HeadlessPicture, ShowsThePlotsOfASoundWave) {
     Ask("cmdSoundWave", {"0.01"});
+    ExpectSamePlots("a sound wave is set up ");
     ASSERT_EQ(state.SoundWaveMode, 1);
     panel.Press("cmdBegin");
     panel.Tick(3);
-    ExpectSamePlots("a sound wave ");
+    ExpectSamePlots("a sound wave runs ");
     DrawingList drawing;
     const AxisLimits limits = DrawPlot(state, LinePlot::Velocity, {6795.0F, 2895.0F}, drawing);
     EXPECT_EQ(limits.Lo, state.RMinusMin);
