@@ -21,7 +21,8 @@ ConservedSums SumsOf(const ExperimentState& state);
 
 // Follows a run from where it stands and says what its sums have gained that did not come in
 // through the ends. What passes an open end is worked out from the end cell at the start of each
-// step: exact while no wave is there. Nothing passes joined ends, and walls let only momentum pass.
+// step: exact while the gas there is as it was, an estimate of first order in the time step once a
+// wave has come. Nothing passes joined ends, and walls let only momentum pass.
 class Ledger {
 public:
     explicit Ledger(const ExperimentState& state);
@@ -29,16 +30,31 @@ public:
     // To be told of every accepted step.
     void Take(const ExperimentState& before, double stepDT);
 
-    // Relative to the sum at the start, or to the largest amount of momentum or energy that a wave
-    // could carry if that is larger. Empty where it cannot be told: momentum between walls.
+    const ConservedSums& Start() const { return start_; }
+    // Into the grid. The momentum that a wall gives is not in it.
+    const ConservedSums& ThroughLeft() const { return left_; }
+    const ConservedSums& ThroughRight() const { return right_; }
+    // No wave has come to an open end, so that the two are exact.
+    bool IsExact() const { return isExact_; }
+
+    // Relative to the sum at the start; momentum to the most that sound waves in the gas at the
+    // start could carry. Empty where it cannot be told: everything once a wave has passed an open
+    // end, and momentum where there is a wall.
     struct Drifts {
         std::optional<double> Mass, Momentum, Energy;
     };
     Drifts DriftsOf(const ExperimentState& now) const;
 
 private:
+    struct EndGas {
+        double Rho, P, Ux;
+    };
+    bool HasChanged(const ExperimentState& state, int cell, const EndGas& former) const;
+
     ConservedSums start_;
-    ConservedSums crossed_;  // into the grid
-    double momentumScale_;
+    ConservedSums left_, right_;
+    EndGas leftGas_, rightGas_;
+    bool isExact_ = true;
+    double momentumScale_ = 0.0;
     bool hasWall_;
 };

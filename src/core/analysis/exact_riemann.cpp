@@ -43,8 +43,8 @@ ExactRiemann::ExactRiemann(const GasState& left, const GasState& right, double g
     if (!vacuum_) {
         // The sum of both changes grows with p, so that bisection of log p cannot fail.
         const auto excess = [&](double p) {
-            return VelocityChange(left, gamma, p) + VelocityChange(right, gamma, p) + right.Ux -
-                   left.Ux;
+            return VelocityChange(left, gamma, p) + VelocityChange(right, gamma, p) +
+                   (right.Ux - left.Ux);
         };
         double low = -700.0;
         double high = 300.0;
@@ -53,8 +53,12 @@ ExactRiemann::ExactRiemann(const GasState& left, const GasState& right, double g
             (excess(std::exp(middle)) < 0.0 ? low : high) = middle;
         }
         starP_ = std::exp(0.5 * (low + high));
-        starU_ = 0.5 * (left.Ux + right.Ux + VelocityChange(right, gamma, starP_) -
-                        VelocityChange(left, gamma, starP_));
+        // Both sides give the velocity; the denser and colder gas gives it with less rounding.
+        const double fromLeft = left.Ux - VelocityChange(left, gamma, starP_);
+        const double fromRight = right.Ux + VelocityChange(right, gamma, starP_);
+        const double share = std::sqrt(left.Rho) * std::sqrt(left.P);
+        const double other = std::sqrt(right.Rho) * std::sqrt(right.P);
+        starU_ = (share * fromLeft + other * fromRight) / (share + other);
     }
     if (!left.IsVacuum() && !IsSame(starP_, left.P)) waves_.push_back(OuterWave(left, -1.0));
     if (!vacuum_) {
@@ -89,6 +93,15 @@ std::vector<double> ExactRiemann::Breaks() const {
     }
     std::sort(breaks.begin(), breaks.end());
     return breaks;
+}
+
+std::vector<GasState> ExactRiemann::States() const {
+    std::vector<GasState> states = {left_.IsVacuum() ? GasState{} : left_};
+    for (std::size_t k = 1; k < waves_.size(); ++k) {
+        states.push_back(At(0.5 * (waves_[k - 1].To + waves_[k].From)));
+    }
+    if (!waves_.empty()) states.push_back(right_.IsVacuum() ? GasState{} : right_);
+    return states;
 }
 
 GasState ExactRiemann::At(double speed) const {

@@ -39,6 +39,10 @@ public:
     // From left to right, without those of no strength. Equal states have none.
     const std::vector<ExactWave>& Waves() const { return waves_; }
 
+    // The uniform states left of, between and right of the waves: one more than there are waves. A
+    // vacuum is a state of zeros.
+    std::vector<GasState> States() const;
+
     // The speeds between which the solution is smooth, rising: the ends of all waves.
     std::vector<double> Breaks() const;
 

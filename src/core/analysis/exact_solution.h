@@ -1,8 +1,8 @@
 // Which exact solution fits the present experiment, if one does.
 #pragma once
 
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/analysis/cell_averages.h"
@@ -25,36 +25,34 @@ struct SeparateJumps {
     double FirstMeeting() const;
 };
 
-// A simple wave: one acoustic invariant and the entropy are uniform. The other one is
-// amplitude * sin(2 pi frequency (x - left) / length) at time 0, shifted by twice `Offset`, on a
-// background of density and sound speed 1; `side` is 1 for R+, which runs to the right, and -1 for
-// R-.
+// A wave of one family on a background of density and sound speed 1 that moves with U0, as the
+// sound-wave set-up lays it: amplitude * sin(2 pi frequency x / length) at time 0. The amplitude is
+// that of the invariant R+ for Side 1, which runs to the right, of R- for Side -1, and of the
+// entropy function P/Rho^gamma for Side 0, which the gas carries along.
 struct SimpleWave {
     double Side = 1.0;
     double Amplitude = 0.0;
     int Frequency = 1;
-    double Offset = 0.0;  // of the velocity: the set-up starts the sum of its changes at cell 1
     double U0 = 0.0;
-    double Left = 0.0;
     double Length = 1.0;
     double Gamma = 1.4;
 
-    double BreakingTime() const;
-    // Before the breaking time; by iteration along the characteristic through x.
+    double BreakingTime() const;  // infinite for an entropy wave
+    // Before the breaking time; constant along the characteristic through x.
     GasState At(double x, double time) const;
 };
 
 // What is known of the present state: a solution, or one sentence for a student why there is none.
 struct ExactSolution {
-    std::vector<SeparateJumps> Tube;  // one or none
-    std::vector<SimpleWave> Wave;     // one or none
-    std::string WhyNot;               // a sentence, empty if there is a solution
+    std::optional<SeparateJumps> Tube;
+    std::optional<SimpleWave> Wave;
+    std::string WhyNot;  // a sentence, empty if there is a solution
 
     explicit operator bool() const { return WhyNot.empty(); }
 };
 
-// Judges by the control points, stored state 0, the ends and Time. Needs a run that has begun, or a
-// problem that has just been set up. The points may have been typed or drawn.
+// Judges by the control points or the waves of the record, the fields at Time 0 (later: stored
+// state 0), the ends and Time. The points may have been typed or drawn.
 ExactSolution FindExactSolution(const ExperimentState& state);
 
 // Its averages over the cells at the present Time. Needs a solution.
