@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "verify/families/family_command.h"
+#include "verify/families/family_report.h"
 #include "verify/verification_report.h"
 
 int main(int argc, char** argv) {
@@ -38,7 +39,10 @@ int main(int argc, char** argv) {
                "of the density past the range of the solution, over that range; floored counts "
                "cells that a floor had to lift.\n\n"
                "The 32-bit sound waves end at rounding.\n"
-            << tables.str() << "\n## Pictures of Kestrel\n";
+            << tables.str();
+        const FamilySettings drawn;
+        WriteFamilySection(file, drawn, RunFamilies(drawn));
+        file << "\n## Pictures of Kestrel\n";
         for (const char* name :
              {"test1", "test2", "test3", "test4", "test5", "test6", "test7", "test8", "blast"})
             file << "\n![" << name << "](pictures/" << name << ".svg)\n";

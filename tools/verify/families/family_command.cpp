@@ -1,7 +1,7 @@
 #include "verify/families/family_command.h"
 
 #include <algorithm>
-#include <cstring>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
@@ -13,7 +13,8 @@ namespace {
 
 constexpr const char* Usage =
     "usage: verify --families [--seed S] [--cases N] [--only FAMILY,...] [--scheme NAME,...]\n"
-    "                         [--libraries FOLDER] [--threads N] [--list] [--brief]\n";
+    "                         [--libraries FOLDER] [--threads N] [--section FILE]\n"
+    "                         [--list] [--brief]\n";
 
 std::vector<std::string> Split(const std::string& list) {
     std::vector<std::string> parts;
@@ -53,6 +54,7 @@ void ListFamilies() {
 int RunFamilyCommand(std::span<char*> options) {
     FamilySettings settings;
     bool brief = false;
+    std::string section;
     for (std::size_t k = 0; k < options.size(); ++k) {
         const std::string option = options[k];
         if (option == "--list") {
@@ -78,6 +80,8 @@ int RunFamilyCommand(std::span<char*> options) {
             settings.Schemes = SchemesNamed(value);
         } else if (option == "--libraries") {
             settings.Folder = value;
+        } else if (option == "--section") {
+            section = value;
         } else if (option == "--threads") {
             settings.Threads = std::stoi(value);
         } else {
@@ -85,6 +89,11 @@ int RunFamilyCommand(std::span<char*> options) {
             return 2;
         }
     }
-    PrintFamilies(std::cout, settings, RunFamilies(settings), !settings.Only.empty() && !brief);
+    const std::vector<FamilyResult> results = RunFamilies(settings);
+    PrintFamilies(std::cout, settings, results, !settings.Only.empty() && !brief);
+    if (!section.empty()) {
+        std::ofstream file(section);
+        WriteFamilySection(file, settings, results);
+    }
     return 0;
 }

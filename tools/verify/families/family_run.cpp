@@ -6,6 +6,7 @@
 #include <future>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include "verify/families/computed_reference.h"
 #include "verify/families/scheme_run.h"
@@ -88,21 +89,26 @@ std::vector<FamilyResult> RunFamilies(const FamilySettings& settings) {
         schemes.push_back(std::make_unique<LoadedScheme>(kind, settings.Folder));
 
     std::vector<FamilyResult> results;
+    std::vector<std::pair<std::size_t, int>> order;  // family and number of each case
     for (const Family& family : AllFamilies()) {
         const auto& only = settings.Only;
         if (!only.empty() && std::find(only.begin(), only.end(), family.Name) == only.end())
             continue;
-        results.push_back({family, std::vector<CaseResult>(settings.Cases)});
+        const int cases = family.Computed ? std::max(1, settings.Cases / 3) : settings.Cases;
+        for (int n = 0; n < cases; ++n) order.push_back({results.size(), n});
+        results.push_back({family, std::vector<CaseResult>(static_cast<std::size_t>(cases))});
     }
 
-    std::atomic<int> nextCase = 0;
-    const int cases = static_cast<int>(results.size()) * settings.Cases;
+    // The long ones first, so that no thread is left with one at the end.
+    std::stable_partition(order.begin(), order.end(),
+                          [&](const auto& one) { return results[one.first].Of.Computed; });
+    std::atomic<std::size_t> nextCase = 0;
     const auto work = [&] {
-        for (int n = nextCase++; n < cases; n = nextCase++) {
-            FamilyResult& family = results[n / settings.Cases];
-            const int number = n % settings.Cases;
-            Draw draw(settings.Seed, family.Of.Name, number);
-            family.Cases[number] = RunCase(family.Of.Make(draw), schemes);
+        for (std::size_t k = nextCase++; k < order.size(); k = nextCase++) {
+            const auto [family, number] = order[k];
+            FamilyResult& result = results[family];
+            Draw draw(settings.Seed, result.Of.Name, number);
+            result.Cases[number] = RunCase(result.Of.Make(draw), schemes);
         }
     };
     std::vector<std::future<void>> workers;
@@ -120,5 +126,17 @@ double RatioToPeers(const CaseResult& result, const Outcome& scheme, bool isDoub
     for (int k = from; k <= to; ++k)
         if (result.Peers[k].Error < best) best = result.Peers[k].Error;
     if (std::isnan(scheme.Error)) return std::numeric_limits<double>::infinity();
+    if (std::isinf(best)) return 0.0;
     return std::max(scheme.Error, rounding) / std::max(best, rounding);
+}
+
+double Excess(const Outcome& outcome) {
+    return std::max(outcome.Overshoot, outcome.Undershoot);
+}
+
+bool IsSpike(const CaseResult& result, const Outcome& scheme) {
+    const bool peerIsFine = std::any_of(
+        result.Peers.begin(), result.Peers.end(),
+        [](const Outcome& peer) { return !std::isnan(peer.Error) && Excess(peer) < 0.02; });
+    return peerIsFine && Excess(scheme) > 0.05;
 }

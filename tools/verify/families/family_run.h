@@ -41,6 +41,13 @@ const std::vector<std::string>& PeerNames();
 std::vector<FamilyResult> RunFamilies(const FamilySettings& settings);
 
 // The error of a scheme over the least error of the peers from..to of the case. Errors within the
-// rounding of the scheme's floats count as that rounding. Infinite if the scheme broke down.
+// rounding of the scheme's floats count as that rounding. Infinite if the scheme broke down; 0 if
+// none of those peers ran.
 double RatioToPeers(const CaseResult& result, const Outcome& scheme, bool isDouble, int from,
                     int to);
+
+// The larger of overshoot and undershoot.
+double Excess(const Outcome& outcome);
+// Whether the scheme leaves more than a twentieth of the range above or below it where one of the
+// peers leaves less than a fiftieth.
+bool IsSpike(const CaseResult& result, const Outcome& scheme);
