@@ -53,11 +53,11 @@ ExactRiemann::ExactRiemann(const GasState& left, const GasState& right, double g
             (excess(std::exp(middle)) < 0.0 ? low : high) = middle;
         }
         starP_ = std::exp(0.5 * (low + high));
-        // Both sides give the velocity; the denser and colder gas gives it with less rounding.
+        // Both sides give the velocity; the denser gas gives it with less rounding.
         const double fromLeft = left.Ux - VelocityChange(left, gamma, starP_);
         const double fromRight = right.Ux + VelocityChange(right, gamma, starP_);
-        const double share = std::sqrt(left.Rho) * std::sqrt(left.P);
-        const double other = std::sqrt(right.Rho) * std::sqrt(right.P);
+        const double share = std::sqrt(left.Rho);
+        const double other = std::sqrt(right.Rho);
         starU_ = (share * fromLeft + other * fromRight) / (share + other);
     }
     if (!left.IsVacuum() && !IsSame(starP_, left.P)) waves_.push_back(OuterWave(left, -1.0));

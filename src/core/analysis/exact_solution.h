@@ -26,13 +26,15 @@ struct SeparateJumps {
 };
 
 // A wave of one family on a background of density and sound speed 1 that moves with U0, as the
-// sound-wave set-up lays it: amplitude * sin(2 pi frequency x / length) at time 0. The amplitude is
+// sound-wave set-up lays it: amplitude * sin(2 pi frequency x / length) at time 0, for a sound wave
+// shifted by a constant. The amplitude is
 // that of the invariant R+ for Side 1, which runs to the right, of R- for Side -1, and of the
 // entropy function P/Rho^gamma for Side 0, which the gas carries along.
 struct SimpleWave {
     double Side = 1.0;
     double Amplitude = 0.0;
     int Frequency = 1;
+    double Offset = 0.0;  // of the velocity: the set-up starts the sum of its changes at cell 1
     double U0 = 0.0;
     double Length = 1.0;
     double Gamma = 1.4;
