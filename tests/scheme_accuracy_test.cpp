@@ -1,7 +1,5 @@
 // The schemes against exact solutions: bounds a few per cent above what docs/verification.md says
 // they reach, so that no change spoils it unseen.
-#include <random>
-
 #include "scheme_tests.h"
 
 namespace {
@@ -111,29 +109,29 @@ TEST(SoundWaves, KeepTheirShapeOnTheFullScheme) {
 }
 
 // Streams that collide pile up to what the two shocks leave behind them, wherever the waves of the
-// first step put the gas: the cell in which they met must let it go again. Half as much again is
+// first steps put the gas: the cell in which they met must let it go again. Half as much again is
 // far more than any start-up leaves, and far less than a cell that gathers it all.
 TEST_P(SchemeAccuracy, CollidingStreamsLetTheirGasGo) {
-    std::mt19937_64 random(11);
-    const auto between = [&](double low, double high) {
-        return std::exp(
-            std::uniform_real_distribution<double>(std::log(low), std::log(high))(random));
+    // clang-format off
+    const std::pair<GasState, GasState> streams[] = {
+        {{1.0,   0.714, 30.0,  0.0}, {1.5, 0.714, -30.0,  0.0}},
+        {{1.0,   0.714, 2.3,   0.0}, {4.0, 0.714, -1.7,   0.0}},
+        {{1.0,   1.0,   5.0,   0.0}, {4.0, 0.1,   -3.0,   0.0}},
+        {{2.189, 0.714, 10.52, 0.0}, {1.0, 0.714, -10.52, 0.0}},
+        {{7.874, 0.714, 5.48,  0.0}, {1.0, 0.714, -12.22, 0.0}},
     };
-    for (int draw = 0; draw < 60; ++draw) {
-        const double speed = between(2.0, 100.0);
-        const double drift = draw % 2 == 0 ? 0.0 : speed * (between(1.0, 3.0) - 2.0);
-        GasState left = {between(0.1, 10.0), between(0.01, 1.0) / 1.4, drift + speed, 0.0};
-        GasState right = {1.0, 1.0 / 1.4, drift - speed, 0.0};
+    // clang-format on
+    for (const auto& [left, right] : streams) {
         const ExactRiemann solution(left, right, 1.4);
         const double low = std::min(0.0, solution.Breaks().front());
         const double stop = 0.8 / (std::max(0.0, solution.Breaks().back()) - low);
         const ShockTube tube = {"", left, right, 0.1 - low * stop, stop};
-        Flow flow = ShockTubeStart(tube, 100);
+        Flow flow = ShockTubeStart(tube, 200);
         RunTrial(scheme_, ShockTubeSettings(tube), flow);
-        const Flow exact = ShockTubeExact(tube, 100, 1.4);
+        const Flow exact = ShockTubeExact(tube, 200, 1.4);
         EXPECT_LT(*std::max_element(flow.Rho.begin(), flow.Rho.end()),
                   1.5 * *std::max_element(exact.Rho.begin(), exact.Rho.end()))
-            << left.Rho << " " << left.P << " " << left.Ux << " | 1 0.714 " << right.Ux;
+            << left.Ux << " against " << right.Ux;
     }
 }
 
