@@ -49,7 +49,7 @@ constexpr CellCost GasCost = {199, 182, 5, 136, 1};
 constexpr CellCost StrongEdgeCost = {30, 55, 5, 16, 3};
 constexpr CellCost SuspicionCost = {13, 6, 0, 5, 0};
 constexpr CellCost TemperingCost = {3, 6, 1, 1, 0};
-constexpr CellCost ContactCost = {18, 5, 3, 14, 0};
+constexpr CellCost ContactCost = {19, 6, 3, 15, 0};
 constexpr CellCost MixedEdgeCost = {0, 0, 0, 11, 0};
 
 }  // namespace lagrangian

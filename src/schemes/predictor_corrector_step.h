@@ -16,7 +16,7 @@ namespace predictor_corrector {
 constexpr CellCost PreparationCost = {2, 8, 1, 2, 1};
 constexpr CellCost GasCost = {126, 102, 5, 75, 2};
 constexpr CellCost SuspicionCost = {11, 6, 0, 5, 0};
-constexpr CellCost ContactCost = {19, 9, 1, 7, 0};
+constexpr CellCost ContactCost = {20, 9, 1, 8, 0};
 constexpr CellCost ShockCost = {7, 16, 0, 8, 0};
 
 template <typename Float>

@@ -98,8 +98,8 @@ template <typename Float>
 }
 
 // Gives the densities at the edges of cells that hold a contact what the neighbours expect there
-// from their own slopes, which the contact does not reach (eq. 1.14 there), by the square of the
-// share of the jump: a smooth slope that shows a small one is left alone. Cells first..last, a
+// from their own slopes, which the contact does not reach (eq. 1.14 there), by what the share of
+// the jump is above one half: a smooth slope that shows less is left alone. Cells first..last, a
 // whole number of chunks.
 template <typename Float>
 ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas<Float>& density,
@@ -111,7 +111,8 @@ ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas
     const auto isContact = [=](int i) { return IsMostlyContact(strip, gamma, i); };
     const auto steepen = [=](int i) {
         const Float share = Jump<Float>(rho, i).Share();
-        const Float part = Select(IsMostlyContact(strip, gamma, i), share * share, Float(0));
+        const Float sure = Max(Float(2) * share - Float(1), Opaque(Float(0)));
+        const Float part = Select(IsMostlyContact(strip, gamma, i), sure, Float(0));
         const Float below = (rho[i] - rho[i - 1]) - halfSlope[i - 1];
         const Float above = (rho[i + 1] - rho[i]) - halfSlope[i + 1];
         fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);

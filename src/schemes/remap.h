@@ -109,10 +109,16 @@ template <typename Float>
     shapes.Ux.ToRight[i] = steepness * shapes.Ux.ToRight[i];
 }
 
-// How far moved cell i holds a contact, 0 to 1.
+// How far moved cell i holds a contact, 0 to 1. The ends of a ramp show a share of a jump too, and
+// a jump put there would eat its way into the ramp from step to step, so half a share counts as
+// none. Found by trial: contacts show the whole share, so that anything from its fourth power to
+// counting nothing less than the whole gives the same on the eight tests, and within 2 per cent on
+// blast waves.
 template <typename Float>
 [[gnu::always_inline]] inline Float ContactShare(const StripState<Float>& moved, int i) {
-    return Select(IsContact(moved, i), Jump<Float>(moved.Rho, i).Share(), Float(0));
+    const Float share = Jump<Float>(moved.Rho, i).Share();
+    const Float sure = Max(Float(2) * share - Float(1), Opaque(Float(0)));
+    return Select(IsContact(moved, i), sure, Float(0));
 }
 
 // What a cell that holds a contact passes in any case: the density differs by more than a tenth.
