@@ -1,10 +1,13 @@
 // The same experiment with and without a window.
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <random>
 #include <sstream>
 
+#include "batch/result_files.h"
+#include "batch/run_result.h"
 #include "core/model/number_text.h"
 #include "core/model/run_stage.h"
 #include "core/run/first_step.h"
@@ -311,3 +314,51 @@ TEST_P(Headless, ProblemsAreThePanelsToTheBit) {
     }
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, Headless, testing::Range(1, 41));
+
+// ternlow-run and the panel, given the same problem on 100 cells, end in the same state.
+class WholeRun : public testing::TestWithParam<const char*> {};
+
+TEST_P(WholeRun, EndsAsThePanelsToTheBit) {
+    const QDir setUps(TERNLOW_SET_UPS);
+    std::vector<std::string> problems = {"default", "wave"};
+    for (int k = 1; k <= 8; ++k) problems.push_back("test" + std::to_string(k));
+    for (const QString& name : setUps.entryList({"*.txt"})) {
+        problems.push_back(setUps.filePath(name).toStdString());
+    }
+    ASSERT_GE(problems.size(), 15U);
+    for (const std::string& problem : problems) {
+        SCOPED_TRACE(problem);
+        RunSettings settings;
+        settings.Problem = problem;
+        settings.Scheme = GetParam();
+        settings.Cells = 100;
+        settings.Wave = SoundWaves{0.1, 1, 0.05, 2, 0.02, 1, 0.5};
+        const std::string text = settings.IsFile() ? ContentOf(problem).value_or("") : "";
+        const auto alone =
+            RunOnce(settings, text, LoadSchemeLibrary(settings.Scheme), [] { return true; });
+        ASSERT_TRUE(alone);
+        ASSERT_EQ(alone->Figures.Refusal, "");
+
+        Panel panel;
+        ExperimentState& state = panel.Form().state;
+        const auto enterCells = [&] { PutText(panel.Form().controls.txtNGridCells, "100"); };
+        state.SchemeName = settings.Scheme;
+        if (!settings.IsFile()) enterCells();
+        if (settings.IsFile()) {
+            const BoxAnswers answers({QString::fromStdString(problem)});
+            panel.Press("cmdReadSetUp");
+            enterCells();
+        } else if (problem == "wave") {
+            const BoxAnswers answers({"0.1", "1", "0.05", "2", "0.02", "1", "0.5"});
+            panel.Press("cmdSoundWave");
+        } else if (problem != "default") {
+            panel.Press(("cmdTest" + problem.substr(4)).c_str());
+        }
+        panel.Press("cmdBegin");
+        ASSERT_TRUE(panel.RunToEnd());
+        EXPECT_GT(state.NStored, 2);
+        EXPECT_EQ(DifferencesOf(state, alone->State, true), "");
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Schemes, WholeRun,
+                         testing::Values("Kestrel", "Kestrel32", "Heron32", "Plover"));

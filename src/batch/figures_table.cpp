@@ -21,18 +21,20 @@ std::string Short(const std::optional<double>& value) {
     return value ? Short(*value) : "-";
 }
 
-// Of the density error, from the run before; "-" where there is none to compare with.
-std::string OrderOf(const RunFigures& run, const RunFigures* before) {
-    const bool fits = before != nullptr && before->Problem == run.Problem &&
-                      before->Scheme == run.Scheme && before->Courant == run.Courant &&
-                      before->Cells != run.Cells && before->L1Density && run.L1Density &&
-                      *before->L1Density > 0.0 && *run.L1Density > 0.0;
+// Of the density error, from the line before; "-" where there is none to compare with.
+std::string OrderOf(const TableLine& line, const TableLine* before) {
+    if (before == nullptr || before->Series != line.Series) return "-";
+    const RunFigures& coarse = before->Figures;
+    const RunFigures& fine = line.Figures;
+    const bool fits = coarse.Cells != fine.Cells && coarse.L1Density && fine.L1Density &&
+                      *coarse.L1Density > 0.0 && *fine.L1Density > 0.0;
     if (!fits) return "-";
-    return Short(std::log(*before->L1Density / *run.L1Density) /
-                 std::log(static_cast<double>(run.Cells) / before->Cells));
+    return Short(std::log(*coarse.L1Density / *fine.L1Density) /
+                 std::log(static_cast<double>(fine.Cells) / coarse.Cells));
 }
 
-Row RowOf(const RunFigures& f, const RunFigures* before) {
+Row RowOf(const TableLine& line, const TableLine* before) {
+    const RunFigures& f = line.Figures;
     return {f.Problem,
             f.Scheme,
             std::to_string(f.Cells),
@@ -44,7 +46,7 @@ Row RowOf(const RunFigures& f, const RunFigures* before) {
             Short(f.L1Density),
             Short(f.L1Pressure),
             Short(f.L1Velocity),
-            OrderOf(f, before),
+            OrderOf(line, before),
             Short(f.MassDrift),
             Short(f.MomentumDrift),
             Short(f.EnergyDrift),
@@ -54,13 +56,13 @@ Row RowOf(const RunFigures& f, const RunFigures* before) {
 
 }  // namespace
 
-void PrintFigures(std::ostream& out, const std::vector<RunFigures>& figures) {
-    if (figures.empty()) return;
+void PrintFigures(std::ostream& out, const std::vector<TableLine>& lines) {
+    if (lines.empty()) return;
     std::vector<Row> rows = {{"problem", "scheme", "cells", "courant", "time", "steps", "rejected",
                               "floored", "l1 density", "l1 pressure", "l1 velocity", "order",
                               "mass drift", "mom. drift", "energy drift", "seconds", "updates/s"}};
-    for (std::size_t k = 0; k < figures.size(); ++k) {
-        rows.push_back(RowOf(figures[k], k > 0 ? &figures[k - 1] : nullptr));
+    for (std::size_t k = 0; k < lines.size(); ++k) {
+        rows.push_back(RowOf(lines[k], k > 0 ? &lines[k - 1] : nullptr));
     }
     std::vector<std::size_t> widths(rows.front().size());
     for (const Row& row : rows) {

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <set>
 
+#include "batch/version.h"
 #include "core/model/boundary_types.h"
 #include "core/model/limits.h"
 #include "core/model/number_text.h"
@@ -19,6 +20,8 @@ constexpr int WrongUse = 2;
 constexpr int FewestCells = 6;
 constexpr int MostCells = 5001;
 constexpr int MostPlots = 1'000'000;
+constexpr int MostJobs = 4096;
+constexpr double SmallestPeriods = 1e-12;
 
 struct End {
     const char* Name;
@@ -40,47 +43,91 @@ std::vector<std::string> SchemeNames() {
     return names;
 }
 
+// Refuses a text that is no number from `low` to `high`, or no whole number; `words` names the
+// rule.
+CLI::Validator Check(double low, double high, bool isWhole, const std::string& words) {
+    return CLI::Validator(
+        [=](std::string& text) {
+            const std::optional<double> number = ReadNumber(text);
+            const bool fits = number && *number >= low && *number <= high &&
+                              (!isWhole || *number == std::floor(*number));
+            return fits ? std::string() : "'" + text + "' is not " + words;
+        },
+        "");
+}
+CLI::Validator WholeNumber(int low, int high) {
+    return Check(low, high, true,
+                 "a whole number from " + GeneralNumber(low) + " to " + GeneralNumber(high));
+}
+CLI::Validator OneOf(const std::vector<std::string>& names) {
+    return CLI::Validator(
+        [names](std::string& text) {
+            if (std::find(names.begin(), names.end(), text) != names.end()) return std::string();
+            std::string all;
+            for (const std::string& name : names) all += (all.empty() ? "" : ", ") + name;
+            return "'" + text + "' is not one of " + all;
+        },
+        "");
+}
+
 void AddOptions(CLI::App& app, Options& o) {
-    const auto list = [](CLI::Option* option) {
-        return option->delimiter(',')->allow_extra_args(false);
+    const auto list = [](CLI::Option* option, const char* text) {
+        return option->delimiter(',')->allow_extra_args(false)->option_text(text);
     };
     std::vector<std::string> schemes = SchemeNames();
     schemes.emplace_back("all");
-    const CLI::IsMember isEnd({"wall", "open", "periodic"});
-    const CLI::Range number(-LargestValue, LargestValue);
+    const CLI::Validator isEnd = OneOf({"wall", "open", "periodic"});
+    const CLI::Validator isNumber =
+        Check(-LargestValue, LargestValue, false, "a number from -1e12 to 1e12");
 
     app.add_option("PROBLEM", o.Problems, "test1 to test8, default, wave, or a set-up file")
-        ->required();
-    list(app.add_option("--scheme", o.Schemes, "Kestrel, Kestrel32, Heron32, Plover, or all"))
-        ->check(CLI::IsMember(schemes));
-    list(app.add_option("--cells", o.Cells, "cells of the grid, 6 to 5001"))
-        ->check(CLI::Range(FewestCells, MostCells));
-    list(app.add_option("--courant", o.Courant, "Courant number aimed at, between 0 and 1"))
-        ->check(CLI::Range(SmallestCourantNumber, std::nextafter(1.0, 0.0)));
-    list(app.add_option("--periods", o.Periods, "length of the run in the problem's units of time"))
-        ->check(CLI::Range(1e-12, LargestValue));
-    list(app.add_option("--plots-per-period", o.PlotsPerPeriod, "stored states per unit of time"))
-        ->check(CLI::Range(1, MostPlots));
-    list(app.add_option("--left", o.Left, "left end: wall, open or periodic"))->check(isEnd);
-    list(app.add_option("--right", o.Right, "right end: wall, open or periodic"))->check(isEnd);
-    list(app.add_option("--difcon", o.difcon, "diffusion constant"))->check(number);
-    list(app.add_option("--shkjmp", o.shkjmp, "shock detection constant"))->check(number);
-    list(app.add_option("--wavhaf", o.wavhaf, "second diffusion constant"))->check(number);
+        ->required()
+        ->option_text("");
+    list(app.add_option("--scheme", o.Schemes, "Kestrel, Kestrel32, Heron32, Plover, or all"),
+         "NAME,...")
+        ->check(OneOf(schemes));
+    list(app.add_option("--cells", o.Cells, "cells of the grid, 6 to 5001"), "N,...")
+        ->check(WholeNumber(FewestCells, MostCells));
+    list(app.add_option("--courant", o.Courant, "Courant number aimed at, between 0 and 1"),
+         "X,...")
+        ->check(Check(SmallestCourantNumber, std::nextafter(1.0, 0.0), false,
+                      "a number above 0 and below 1"));
+    list(app.add_option("--periods", o.Periods, "length of the run in the problem's units of time"),
+         "X,...")
+        ->check(Check(SmallestPeriods, LargestValue, false, "a number above 0"));
+    list(app.add_option("--plots-per-period", o.PlotsPerPeriod, "stored states per unit of time"),
+         "N,...")
+        ->check(WholeNumber(1, MostPlots));
+    list(app.add_option("--left", o.Left, "left end: wall, open or periodic"), "END,...")
+        ->check(isEnd);
+    list(app.add_option("--right", o.Right, "right end: wall, open or periodic"), "END,...")
+        ->check(isEnd);
+    list(app.add_option("--difcon", o.difcon, "diffusion constant"), "X,...")->check(isNumber);
+    list(app.add_option("--shkjmp", o.shkjmp, "shock detection constant"), "X,...")
+        ->check(isNumber);
+    list(app.add_option("--wavhaf", o.wavhaf, "second diffusion constant"), "X,...")
+        ->check(isNumber);
     app.add_option("--wave", o.Wave,
-                   "amplitude and frequency of R+, of R-, of R0, and the velocity, for wave")
+                   "for wave: amplitude and frequency of R+, of R- and of R0, and the velocity")
         ->delimiter(',')
         ->expected(7)
-        ->check(number);
-    app.add_option("--jobs", o.Jobs, "runs at a time; all cores if not given")
-        ->check(CLI::Range(1, 4096));
-    app.add_option("--out", o.Out, "folder for a CSV file for each run");
-    app.add_flag("--states", o.States, "all stored states too, in a file of their own")
-        ->needs("--out");
-    app.add_flag("--json", o.Json, "one JSON object for each run, instead of a table");
-    app.add_flag("--quiet", o.Quiet, "no progress and no table");
-    app.add_flag("--resume", o.Resume, "leave out runs whose file is there and whole")
-        ->needs("--out");
-    app.set_version_flag("--version", "ternlow-run 0.1.0");
+        ->option_text("X,N,X,N,X,N,X")
+        ->check(isNumber);
+    app.add_option("--jobs", o.Jobs, "runs at a time; as many as there are cores if not given")
+        ->option_text("N")
+        ->check(WholeNumber(1, MostJobs));
+    app.add_option("--out", o.Out, "write the last state of each run to a CSV file in this folder")
+        ->option_text("DIR");
+    app.add_flag("--states", o.States, "with --out: write all stored states of each run too")
+        ->needs("--out")
+        ->option_text(" ");
+    app.add_flag("--resume", o.Resume, "with --out: skip runs whose files are there and whole")
+        ->needs("--out")
+        ->option_text(" ");
+    app.add_flag("--json", o.Json, "print one JSON object a run and line instead of the table");
+    app.add_flag("--quiet", o.Quiet, "no progress bar and no table; errors are still named");
+    app.set_version_flag("--version", std::string("ternlow-run ") + Version, "show the version");
+    app.set_help_flag("-h,--help", "show this help");
 }
 
 // A setting of a run with its name on the command line.
@@ -161,10 +208,13 @@ PlannedRun PlanRun(const Options& options, const std::string& problem, const Cho
     run.Settings.Problem = problem;
     run.Settings.Wave = WaveOf(options.Wave);
     run.Command = "ternlow-run " + ShellWord(problem);
+    run.Series = run.Command;
     std::string further;
     for (const Choice& choice : choices) {
         choice.Apply(run.Settings, choice.Value);
-        run.Command += " " + choice.Option + " " + choice.Value;
+        const std::string words = " " + choice.Option + " " + choice.Value;
+        run.Command += words;
+        if (choice.Option != "--cells") run.Series += words;
         const bool isInName = choice.Option == "--scheme" || choice.Option == "--cells";
         if (choice.HasSeveral && !isInName) further += "-" + choice.Option.substr(2) + choice.Value;
     }

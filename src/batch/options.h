@@ -34,7 +34,8 @@ std::optional<Options> ReadOptions(int argc, const char* const* argv, int& statu
 struct PlannedRun {
     RunSettings Settings;
     std::string Command;
-    std::string FileName;  // without ending
+    std::string Series;    // the same for runs that differ in their cells alone
+    std::string FileName;  // without ending; "@cells" stands for a number that the problem brings
 };
 
 // All combinations, in the order in which the lists are given, problems slowest and cells fastest.

@@ -22,10 +22,21 @@ constexpr const char* FiguresMark = "# figures ";
 constexpr const char* Columns =
     "cell,x,density,pressure,velocity,transverse,smoke,r_plus,r_minus,entropy";
 
-std::string HeadText(const RunResult& result, const FileHead& head) {
+std::string Commented(const FileHead& head) {
     std::string text;
     for (const std::string& line : head) text += "# " + line + "\n";
-    return text + FiguresMark + JsonOf(result.Figures) + "\n";
+    return text;
+}
+
+std::string HeadText(const RunResult& result, const FileHead& head) {
+    return Commented(head) + FiguresMark + JsonOf(result.Figures) + "\n";
+}
+
+// The number of stored states in the JSON of figures.
+int StoredIn(const std::string& figures) {
+    const std::string key = "\"stored\": ";
+    const std::size_t at = figures.find(key);
+    return at == std::string::npos ? 0 : std::atoi(figures.c_str() + at + key.size());
 }
 
 void Add(std::string& line, double value) {
@@ -113,15 +124,29 @@ std::string WriteWhole(const std::string& path, const std::string& text) {
     return std::strerror(error);
 }
 
-std::optional<std::string> FiguresInFile(const std::string& path, const std::string& command) {
-    std::ifstream file(path);
-    std::string line;
-    if (!std::getline(file, line) || line != "# " + command) return std::nullopt;
-    const std::size_t mark = std::strlen(FiguresMark);
-    while (std::getline(file, line) && line.compare(0, 1, "#") == 0) {
-        if (line.compare(0, mark, FiguresMark) == 0) return line.substr(mark);
+std::optional<std::string> FiguresInFile(const std::string& path, const FileHead& head,
+                                         int lastCell) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    const std::string text = content.str();
+    const std::string start = Commented(head) + FiguresMark;
+    if (!file || text.compare(0, start.size(), start) != 0 || text.back() != '\n') {
+        return std::nullopt;
     }
-    return std::nullopt;
+    const std::size_t end = text.find('\n', start.size());
+    const std::string figures = text.substr(start.size(), end - start.size());
+    const std::string last = text.substr(text.rfind('\n', text.size() - 2) + 1);
+    // "cell,..." of the last state, "state,time,cell,..." of the stored ones.
+    std::size_t cellAt = 0;
+    if (text.compare(end + 1, 6, "state,") == 0) {
+        const std::string state = std::to_string(StoredIn(figures) - 1) + ",";
+        if (last.compare(0, state.size(), state) != 0) return std::nullopt;
+        cellAt = last.find(',', state.size()) + 1;
+    }
+    const std::string cell = std::to_string(lastCell) + ",";
+    if (last.compare(cellAt, cell.size(), cell) != 0) return std::nullopt;
+    return figures;
 }
 
 std::optional<std::string> ContentOf(const std::string& path) {

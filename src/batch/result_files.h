@@ -22,8 +22,10 @@ std::string StoredStatesText(const RunResult& result, const FileHead& head);
 // disk has it. Empty, or why not.
 std::string WriteWhole(const std::string& path, const std::string& text);
 
-// The figures in the head of a whole file that an earlier study wrote for the same command, as
-// JSON; nothing if there is none.
-std::optional<std::string> FiguresInFile(const std::string& path, const std::string& command);
+// The figures in a file that an earlier study wrote under the same head, as JSON; nothing if there
+// is no such file, or if its last line is not that of `lastCell`.
+std::optional<std::string> FiguresInFile(const std::string& path, const FileHead& head,
+                                         int lastCell);
 
+// The content of a set-up file; nothing if it cannot be read, is empty or larger than 8 MB.
 std::optional<std::string> ContentOf(const std::string& path);

@@ -24,8 +24,8 @@ volatile std::sig_atomic_t stopped = 0;
 // What a run leaves behind once its state has been given up.
 struct Outcome {
     std::string Json;
-    std::optional<RunFigures> Figures;  // absent for a run that was done before
-    std::string Trouble;                // a line for standard error
+    std::optional<TableLine> Line;  // absent for a run that was done before
+    std::string Trouble;            // a line for standard error
     StudyStatus Status = StudyStatus::Good;
 };
 
@@ -66,18 +66,46 @@ public:
         for (std::thread& worker : workers) worker.join();
         if (showsProgress_) std::cerr << "\r\x1b[K";
         if (!options_.Json && !options_.Quiet) PrintFigures(std::cout, table_);
+        if (skipped_ > 0 && !options_.Json && !options_.Quiet) {
+            std::cout << skipped_ << " of " << runs_.size() << " runs had been done before\n";
+        }
+        if (!std::cout.flush()) {
+            std::cerr << "ternlow-run: standard output cannot be written\n";
+            return StudyStatus::CouldNotWrite;
+        }
         return status_;
     }
 
 private:
     void Work() {
         for (std::size_t k = next_++; k < runs_.size() && stopped == 0; k = next_++) {
-            std::optional<Outcome> outcome = DoRun(runs_[k]);
+            std::optional<Outcome> outcome;
+            try {
+                outcome = DoRun(runs_[k]);
+            } catch (const std::exception& failure) {  // out of memory: the other runs go on
+                outcome.emplace();
+                outcome->Trouble = runs_[k].Command + ": " + failure.what();
+                outcome->Status = StudyStatus::RunRefused;
+            }
             if (outcome) Report(k, std::move(*outcome));
         }
     }
 
-    // A file name whose cells only the problem knows is looked for after the run.
+    // The figures of a run whose files an earlier study has left whole.
+    std::optional<std::string> FiguresBefore(const PlannedRun& run,
+                                             const std::string& setUpText) const {
+        ExperimentState probe;
+        if (!SetUpRun(probe, run.Settings, setUpText).empty()) return std::nullopt;
+        const int cells = probe.NGridCells;
+        const FileHead head = HeadOf(run, setUpText);
+        const std::string path = PathOf(run, cells);
+        const auto figures = FiguresInFile(path, head, cells);
+        if (options_.States && FiguresInFile(StatesPath(path), head, cells) != figures) {
+            return std::nullopt;
+        }
+        return figures;
+    }
+
     std::optional<Outcome> DoRun(const PlannedRun& run) {
         Outcome outcome;
         std::string setUpText;
@@ -91,13 +119,9 @@ private:
             setUpText = *content;
         }
         if (options_.Resume) {
-            ExperimentState probe;
-            if (SetUpRun(probe, run.Settings, setUpText).empty()) {
-                const std::string path = PathOf(run, probe.NGridCells);
-                if (const auto figures = FiguresInFile(path, run.Command)) {
-                    outcome.Json = *figures;
-                    return outcome;
-                }
+            if (const auto figures = FiguresBefore(run, setUpText)) {
+                outcome.Json = *figures;
+                return outcome;
             }
         }
         const std::optional<RunResult> result =
@@ -105,7 +129,7 @@ private:
                     [] { return stopped == 0; });
         if (!result) return std::nullopt;
         outcome.Json = JsonOf(result->Figures);
-        outcome.Figures = result->Figures;
+        outcome.Line = TableLine{result->Figures, run.Series};
         if (!result->Figures.Refusal.empty()) {
             outcome.Trouble = run.Command + ": " + result->Figures.Refusal;
             const bool wasSetUp = result->Figures.Steps > 0 || result->State.Refusal;
@@ -120,6 +144,10 @@ private:
         return options_.Out + "/" + WithCells(run.FileName, cells) + ".csv";
     }
 
+    static std::string StatesPath(const std::string& path) {
+        return path.substr(0, path.size() - 4) + "-states.csv";
+    }
+
     // The states first: the file by which a run is known to be done comes last.
     void WriteFiles(const PlannedRun& run, const std::string& setUpText, const RunResult& result,
                     Outcome& outcome) const {
@@ -127,8 +155,7 @@ private:
         const std::string path = PathOf(run, result.Figures.Cells);
         std::string trouble;
         if (options_.States) {
-            const std::string states = path.substr(0, path.size() - 4) + "-states.csv";
-            trouble = WriteWhole(states, StoredStatesText(result, head));
+            trouble = WriteWhole(StatesPath(path), StoredStatesText(result, head));
         }
         if (trouble.empty()) trouble = WriteWhole(path, LastStateText(result, head));
         if (trouble.empty()) return;
@@ -161,7 +188,8 @@ private:
                       << "\n";
         }
         if (options_.Json && !outcome.Json.empty()) std::cout << outcome.Json << std::endl;
-        if (outcome.Figures) table_.push_back(*outcome.Figures);
+        if (outcome.Line) table_.push_back(*outcome.Line);
+        if (!outcome.Line && !outcome.Json.empty()) ++skipped_;
     }
 
     const Options& options_;
@@ -172,7 +200,8 @@ private:
     std::map<std::size_t, Outcome> waiting_;
     std::size_t reported_ = 0;
     std::size_t done_ = 0;
-    std::vector<RunFigures> table_;
+    std::size_t skipped_ = 0;
+    std::vector<TableLine> table_;
     StudyStatus status_ = StudyStatus::Good;
 };
 
