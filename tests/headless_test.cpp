@@ -356,7 +356,7 @@ TEST_P(WholeRun, EndsAsThePanelsToTheBit) {
         }
         panel.Press("cmdBegin");
         ASSERT_TRUE(panel.RunToEnd());
-        EXPECT_GT(state.NStored, 2);
+        EXPECT_GT(state.Time, 0.0);
         EXPECT_EQ(DifferencesOf(state, alone->State, true), "");
     }
 }
