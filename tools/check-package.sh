@@ -49,6 +49,13 @@ play_own_scheme() {
 step "running a scheme of ones own" "$advice" play_own_scheme
 cat "$logs/running-a-scheme-of-ones-own.log"
 
+# Without a display, and with the schemes beside the installed program.
+study() {
+    (cd / && ternlow-run test1 $doc/setups/*.txt --scheme all --cells 100 --out "$root/build/study")
+}
+rm -rf build/study
+step "running a study without a window" "$advice" study
+
 trap - EXIT
 step "removing the package" "$advice" as_root apt-get purge -y ternlow
 if [ -e /usr/bin/ternlow ] || [ -e /usr/share/doc/ternlow ]; then
