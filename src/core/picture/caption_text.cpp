@@ -18,13 +18,13 @@ std::string NextItem(const char* name, double value) {
     return Comma + Item(name, value);
 }
 
-// The items that the six-point and the four-point form begin their first lines with.
+// The first items of the first line of the six-point and the four-point caption.
 std::string LeftState(const ExperimentState& state) {
     return Item("RhoL = ", state.RhoSelList[2]) + NextItem("PL = ", state.PSelList[2]) +
            NextItem("UxL = ", state.VxSelList[2]);
 }
 
-// The same for their second lines.
+// The first items of the second line.
 std::string RightState(const ExperimentState& state) {
     return Item("RhoR = ", state.RhoSelList[5]) + NextItem("PR = ", state.PSelList[5]) +
            NextItem("UxR = ", state.VxSelList[5]);

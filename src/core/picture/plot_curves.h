@@ -1,4 +1,4 @@
-// What the line plots draw: where a cell lies on a surface, and the curves of sound-wave mode.
+// The curves of sound-wave mode, and where the line plots put a cell and a value.
 #pragma once
 
 #include "core/model/offset_array.h"
@@ -11,31 +11,32 @@ struct AxisLimits {
     double Hi;
 };
 
-// From the grid and an axis to the coordinates of a surface, whole numbers of its unit. Nothing is
-// clamped to the surface. Cell i is drawn at its mid-point.
+// From positions and values to coordinates of a plot: whole numbers of its unit, y growing downward
+// from the upper end of the axis. Nothing is clamped to the plot.
 struct PlotScale {
     PlotScale(const ExperimentState& state, double width, double height, AxisLimits limits);
 
-    int X(const ExperimentState& state, int cell) const;
-    int Edge(double position) const;
+    int X(const ExperimentState& state, int cell) const;  // the middle of the cell
+    int Edge(double position) const;                      // a position on the grid
     int Y(double value) const;
 
-    double Sx;  // surface units per unit of length
-    double Hx;  // half of it, for the sum of two edges
-    double Sy;  // surface units per unit of the plotted quantity
+    double Sx;  // plot units per unit of length
+    double Hx;  // half of Sx, for the sum of a cell's two edges
+    double Sy;  // plot units per unit of the plotted quantity
     double Hi;  // the value at the top
 };
 
-// A quantity in cells 0..N+1 with the limits that its values ask for.
+// A quantity in cells 0..N+1 and the axis limits that fit its values.
 struct PlotCurve {
     OffsetArray<double> Values;
     AxisLimits Limits;
 };
 
-// The acoustic invariant R+ (sign +1) or R- (sign -1): du + sign*dp/Z summed from cell to cell, its
-// mean over cells 1..N taken off. The limits have the margin of the axes; a span of zero becomes
-// one of PFloor.
+// The acoustic Riemann invariant R+ (sign +1) or R- (sign -1): du + sign*dp/Z summed from cell to
+// cell, less its mean over cells 1..N. The limits have the usual margin of an axis; if they are
+// equal, the upper one is raised by PFloor.
 PlotCurve BuildInvariantCurve(const ExperimentState& state, double sign);
 
-// The entropy function P/Rho^Gamma. Its lower limit stops at 0; a span of zero becomes 5 per cent.
+// The entropy function P/Rho^Gamma. Its lower limit stops at 0; if the limits are equal, the upper
+// one is raised by 5 per cent.
 PlotCurve BuildEntropyCurve(const ExperimentState& state);

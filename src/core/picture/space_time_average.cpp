@@ -8,34 +8,34 @@
 
 namespace {
 
-// Between these bounds a level fits into a byte.
+// Clamped to what fits into a byte as a level.
 double RawLevelOfMean(double mean, const GrayScale& gray) {
-    return Held((mean - gray.Lo) * gray.Scale, -LevelLift, 250.0);
+    return Clamped((mean - gray.Lo) * gray.Scale, -LevelLift, 250.0);
 }
 
 std::uint8_t Level(double raw) {
-    return static_cast<std::uint8_t>(static_cast<int>(NearestWhole(raw) + LevelLift));
+    return static_cast<std::uint8_t>(static_cast<int>(RoundHalfEven(raw) + LevelLift));
 }
 
-// The samples under each of the pixels, of which a whole sample is the given part.
-void LaySamples(int samples, int pixels, double part, std::vector<Span>& spans,
-                std::vector<Samples>& laid) {
-    LaySpans(pixels, static_cast<double>(samples) / pixels, spans);
-    laid.clear();
+// Finds the samples under each pixel. A whole sample covers `part` of a pixel.
+void FindSamples(int samples, int pixels, double part, std::vector<Span>& spans,
+                 std::vector<Samples>& found) {
+    FindSpans(pixels, static_cast<double>(samples) / pixels, spans);
+    found.clear();
     for (const Span& span : spans) {
         const double tail = span.LastPart * part;
-        const bool taken = tail > Dust && span.Last <= samples;
-        laid.push_back({std::min(span.First, samples), std::min(span.Last, samples + 1), span.Last,
-                        span.FirstPart * part, taken ? tail : 0.0});
+        const bool counts = tail > Negligible && span.Last <= samples;
+        found.push_back({std::min(span.First, samples), std::min(span.Last, samples + 1), span.Last,
+                         span.FirstPart * part, counts ? tail : 0.0});
     }
 }
 
-// The part that a whole sample has of a pixel: wx of cells and columns, wy of states and rows.
+// How much of a pixel a whole sample covers: wx for cells and columns, wy for states and rows.
 double PartOfPixel(int samples, int pixels) {
     return 1 / (static_cast<double>(samples) / pixels);
 }
 
-void KeepSums(const SpaceTimeTable& table, AverageWork& work) {
+void UpdateSums(const SpaceTimeTable& table, AverageWork& work) {
     const double wx = PartOfPixel(work.N, work.W);
     work.Sums.resize(RowStart(table.NS + 1, work.W));
     for (int j = work.States + 1; j <= table.NS; ++j) {
@@ -52,7 +52,7 @@ void KeepSums(const SpaceTimeTable& table, AverageWork& work) {
     work.States = table.NS;
 }
 
-// The terms of one state in the fixed order.
+// Adds the terms of one state in the fixed order.
 void AddState(const float* state, double weight, const Samples& cells, double wx, double& sum) {
     sum += state[cells.First] * (weight * cells.Head);
     const double cellWeight = weight * wx;
@@ -71,7 +71,7 @@ double MeanInOrder(const SpaceTimeTable& table, const Samples& cells, const Samp
     return sum;
 }
 
-// Row: the means of a pixel row from the kept sums.
+// Sets Row to the means of a pixel row, from the kept sums.
 void AddSums(const Samples& states, double wy, AverageWork& work) {
     const int W = work.W;
     double* const row = work.Row.data();
@@ -86,10 +86,10 @@ void AddSums(const Samples& states, double wy, AverageWork& work) {
 }
 
 bool IsDoubtful(double raw, double clear) {
-    return std::abs(raw - NearestWhole(raw)) > clear;
+    return std::abs(raw - RoundHalfEven(raw)) > clear;
 }
 
-// Row from means to raw levels, and these to the levels of a pixel row. True if any is doubtful.
+// Turns the means of a pixel row into raw levels, and these into levels. True if any is doubtful.
 bool RowToLevels(const GrayScale& gray, double clear, std::vector<double>& means,
                  std::uint8_t* pix) {
     const std::size_t width = means.size();
@@ -102,9 +102,10 @@ bool RowToLevels(const GrayScale& gray, double clear, std::vector<double>& means
     return doubtful;
 }
 
-// How far the raw levels of the two sums may lie apart. The n terms of a mean have weights that
-// add up to 1 within a few roundings, so either sum lies within (n + 3) roundings of the largest
-// value from the true mean; the scaling adds a few roundings of the raw level. Taken fourfold.
+// A bound for the difference of the raw levels of the two sums. The n terms of a mean have weights
+// that add up to 1 within a few roundings, so that either sum lies within n + 3 roundings of the
+// largest value from the true mean; the scaling adds a few roundings of the raw level. Four times
+// that, to be safe.
 double RawLevelDoubt(const SpaceTimeRange& range, const GrayScale& gray, double terms) {
     constexpr double rounding = std::numeric_limits<double>::epsilon();
     const double largest = std::max(std::abs(range.Low), std::abs(range.High));
@@ -123,10 +124,10 @@ void AverageSpaceTime(const SpaceTimeTable& table, const SpaceTimeRange& range,
         work.W = W;
         work.States = 0;
         work.Row.assign(Index(W), 0.0);
-        LaySamples(table.N, W, wx, work.Spans, work.Columns);
+        FindSamples(table.N, W, wx, work.Spans, work.Columns);
     }
-    KeepSums(table, work);
-    LaySamples(table.NS, H, wy, work.Spans, work.Rows);
+    UpdateSums(table, work);
+    FindSamples(table.NS, H, wy, work.Spans, work.Rows);
 
     const double terms = (1 / wx + 2) * (1 / wy + 2);
     const double clear = 0.5 - RawLevelDoubt(range, gray, terms);

@@ -7,18 +7,18 @@ namespace {
 
 constexpr float Largest = std::numeric_limits<float>::max();
 
-void TakeHigher(float value, float& high) {
+void RaiseTo(float value, float& high) {
     const float finite = value <= Largest ? value : -Largest;
     high = finite > high ? finite : high;
 }
 
-void TakeLower(float value, float& low) {
+void LowerTo(float value, float& low) {
     const float finite = value >= -Largest ? value : Largest;
     low = finite < low ? finite : low;
 }
 
-// Cells 1..N of one state. Each lane keeps the extremes of every sixteenth cell: a single maximum
-// would make each comparison wait for the one before.
+// Extends the range by cells 1..N of one state. Each lane keeps the extremes of every sixteenth
+// cell: with a single maximum each comparison would wait for the one before.
 void ScanState(const float* state, int N, SpaceTimeRange& range) {
     constexpr int lanes = 16;
     std::array<float, lanes> high;
@@ -29,13 +29,13 @@ void ScanState(const float* state, int N, SpaceTimeRange& range) {
     int i = 1;
     for (; i + lanes <= N + 1; i += lanes) {
         for (int lane = 0; lane < lanes; ++lane) {
-            TakeHigher(state[i + lane], high[static_cast<std::size_t>(lane)]);
-            TakeLower(state[i + lane], low[static_cast<std::size_t>(lane)]);
+            RaiseTo(state[i + lane], high[static_cast<std::size_t>(lane)]);
+            LowerTo(state[i + lane], low[static_cast<std::size_t>(lane)]);
         }
     }
     for (; i <= N; ++i) {
-        TakeHigher(state[i], high[0]);
-        TakeLower(state[i], low[0]);
+        RaiseTo(state[i], high[0]);
+        LowerTo(state[i], low[0]);
     }
     range.High = *std::max_element(high.begin(), high.end());
     range.Low = *std::min_element(low.begin(), low.end());

@@ -14,6 +14,7 @@ void ForgetStates(SpaceTimeRaster& raster) {
     raster.Average.States = 0;
 }
 
+// True if the first states of the table are the painted ones.
 bool Continues(const SpaceTimeTable& table, const SpaceTimeTable& painted) {
     return table.A == painted.A && table.N == painted.N && table.Stride == painted.Stride &&
            table.Generation == painted.Generation && table.NS >= painted.NS;

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-void LaySpans(int count, double step, std::vector<Span>& spans) {
+void FindSpans(int count, double step, std::vector<Span>& spans) {
     spans.resize(static_cast<std::size_t>(count));
     double position = 0.0;
     for (Span& span : spans) {

@@ -9,8 +9,8 @@
 
 namespace {
 
-// N <= W: one source for each column.
-void LayColumnSources(SpreadWork& work) {
+// N <= W: the source of each column.
+void FindColumnSources(SpreadWork& work) {
     work.Source.assign(Index(work.W), 1);
     work.Lift.assign(Index(work.W), 0.0);
     const auto inside = [&](int c, int cell) {
@@ -22,12 +22,12 @@ void LayColumnSources(SpreadWork& work) {
         const Span& span = work.Spans[Index(i - 1)];
         if (span.First <= work.W) work.Source[Index(span.First - 1)] = i;
         for (int c = span.First; c < span.Last - 1; ++c) inside(c, i);
-        if (i == work.N && span.LastPart > Dust) inside(span.Last - 1, i);
+        if (i == work.N && span.LastPart > Negligible) inside(span.Last - 1, i);
     }
 }
 
-// N > W: a run of cells for each column.
-void LayColumnCells(SpreadWork& work) {
+// N > W: the cells that begin in each column.
+void FindColumnCells(SpreadWork& work) {
     const int end = work.N + 1;
     work.FirstCell.assign(Index(work.W + 1), end);
     for (int i = work.N; i >= 1; --i) {
@@ -39,37 +39,37 @@ void LayColumnCells(SpreadWork& work) {
         if (first == end) first = work.FirstCell[Index(c + 1)];
     }
     const Span& last = work.Spans.back();
-    work.EdgeAgain = last.Last <= work.W && last.LastPart > Dust;
+    work.RepeatsLastCell = last.Last <= work.W && last.LastPart > Negligible;
 }
 
-void LayColumns(int N, int W, SpreadWork& work) {
+void FindColumns(int N, int W, SpreadWork& work) {
     work.N = N;
     work.W = W;
     work.States = 0;
     work.Lead.assign(Index(N + 1), 0.0);
     work.Own.assign(Index(N + 1), 0.0);
     work.Level.assign(Index(N + 1), 0.0);
-    work.Touch.assign(Index(2 * N + 1), 0.0);
+    work.EdgeLevel.assign(Index(2 * N + 1), 0.0);
     work.First.assign(Index(W), 0.0);
     work.Row.assign(Index(W), 0.0);
 
-    LaySpans(N, static_cast<double>(W) / N, work.Spans);
+    FindSpans(N, static_cast<double>(W) / N, work.Spans);
     for (int i = 1; i <= N; ++i) {
         work.Own[Index(i)] = work.Spans[Index(i - 1)].FirstPart;
         work.Lead[Index(i)] = 1 - work.Spans[Index(i - 1)].FirstPart;
     }
     if (N <= W) {
-        LayColumnSources(work);
+        FindColumnSources(work);
     } else {
-        LayColumnCells(work);
+        FindColumnCells(work);
     }
 }
 
-// Which states stand in which pixel row, and with which part of it.
-void LayRows(int NS, int H, SpreadWork& work) {
-    LaySpans(NS, static_cast<double>(H) / NS, work.Spans);
+// The base of each pixel row and the states blended over it.
+void FindRows(int NS, int H, SpreadWork& work) {
+    FindSpans(NS, static_cast<double>(H) / NS, work.Spans);
     work.Rows.assign(Index(H + 1), {});
-    const auto stand = [&](int r, int state) {
+    const auto fill = [&](int r, int state) {
         if (r <= H) work.Rows[Index(r)].Base = state;
     };
     for (int j = 1; j <= NS; ++j) {
@@ -78,19 +78,19 @@ void LayRows(int NS, int H, SpreadWork& work) {
         SpreadWork::PixelRow& first = work.Rows[Index(span.First)];
         if (first.End == 0) first.First = j;
         first.End = j + 1;
-        for (int r = span.First + 1; r < span.Last; ++r) stand(r, j);
-        // A state that ends in the row of its beginning still stands in the next one.
-        if (span.LastPart > Dust) stand(std::max(span.Last, span.First + 1), j);
+        for (int r = span.First + 1; r < span.Last; ++r) fill(r, j);
+        // A state that ends in the row where it begins still fills the next one.
+        if (span.LastPart > Negligible) fill(std::max(span.Last, span.First + 1), j);
     }
 }
 
-// Level, and Touch: the touches of cells 1..N, and behind them their raw levels.
-WIDE_VECTORS void FindTouches(const float* state, SpreadWork& work) {
+// Sets Level, and in EdgeLevel the edge levels of cells 1..N followed by their raw levels.
+WIDE_VECTORS void FindLevels(const float* state, SpreadWork& work) {
     const int N = work.N;
     const GrayScale gray = work.Gray;
     double* const level = work.Level.data();
-    double* const touch = work.Touch.data();
-    double* const raw = touch + N;
+    double* const edge = work.EdgeLevel.data();
+    double* const raw = edge + N;
     const double* const lead = work.Lead.data();
     const double* const own = work.Own.data();
     if (AllFinite(state + 1, N)) {
@@ -98,52 +98,52 @@ WIDE_VECTORS void FindTouches(const float* state, SpreadWork& work) {
     } else {
         for (int i = 1; i <= N; ++i) raw[i] = RawLevel(state[i], gray);
     }
-    for (int i = 1; i <= N; ++i) level[i] = NearestWhole(raw[i]) + LevelLift;
-    for (int i = 1; i <= N; ++i) touch[i] = lead[i] * level[i - 1] + own[i] * level[i];
+    for (int i = 1; i <= N; ++i) level[i] = RoundHalfEven(raw[i]) + LevelLift;
+    for (int i = 1; i <= N; ++i) edge[i] = lead[i] * level[i - 1] + own[i] * level[i];
 }
 
-// N <= W: First, the first row of state j.
+// N <= W: sets First to the first row of state j.
 void FindFirstRow(const SpaceTimeTable& table, int j, SpreadWork& work) {
     if (work.FirstOf == j) return;
     work.FirstOf = j;
-    FindTouches(table.State(j), work);
+    FindLevels(table.State(j), work);
     const int* const source = work.Source.data();
-    const double* const touch = work.Touch.data();
+    const double* const edge = work.EdgeLevel.data();
     double* const first = work.First.data();
-    for (int c = 0; c < work.W; ++c) first[c] = touch[source[c]];
+    for (int c = 0; c < work.W; ++c) first[c] = edge[source[c]];
 }
 
-void KeepLevels(const SpaceTimeTable& table, int j, SpreadWork& work) {
+void AddLevels(const SpaceTimeTable& table, int j, SpreadWork& work) {
     const int N = work.N;
-    FindTouches(table.State(j), work);
+    FindLevels(table.State(j), work);
     std::uint8_t* const level = work.Levels.data() + RowStart(j, N + 1);
     for (int i = 1; i <= N; ++i) {
         level[i] = static_cast<std::uint8_t>(static_cast<int>(work.Level[Index(i)]));
     }
-    level[0] = level[1];  // has no weight; like this the first column can be even
+    level[0] = level[1];  // has weight 0; set so that the first column can be even
 
     std::uint8_t* const full = work.FullRows.data() + RowStart(j, work.W);
     std::uint8_t* const even = work.Even.data() + RowStart(j, work.W);
     for (int c = 0; c < work.W; ++c) {
         const int first = work.FirstCell[Index(c)];
         const int end = work.FirstCell[Index(c + 1)];
-        full[c] = static_cast<std::uint8_t>(NearestWhole(work.Touch[Index(end - 1)]));
+        full[c] = static_cast<std::uint8_t>(RoundHalfEven(work.EdgeLevel[Index(end - 1)]));
         int differences = 0;
         for (int i = first; i < end; ++i) differences |= level[i] ^ level[i - 1];
         even[c] = differences == 0 ? 1 : 0;
     }
-    if (work.EdgeAgain) full[work.W - 1] = level[N];
+    if (work.RepeatsLastCell) full[work.W - 1] = level[N];
 }
 
-void KeepStates(const SpaceTimeTable& table, SpreadWork& work) {
+void AddStates(const SpaceTimeTable& table, SpreadWork& work) {
     work.Levels.resize(RowStart(table.NS + 1, work.N + 1));
     work.FullRows.resize(RowStart(table.NS + 1, work.W));
     work.Even.resize(RowStart(table.NS + 1, work.W));
-    for (int j = work.States + 1; j <= table.NS; ++j) KeepLevels(table, j, work);
+    for (int j = work.States + 1; j <= table.NS; ++j) AddLevels(table, j, work);
     work.States = table.NS;
 }
 
-// N <= W: one pixel row.
+// N <= W: draws one pixel row.
 WIDE_VECTORS void DrawWideRow(const SpreadWork::PixelRow& pixelRow, const SpaceTimeTable& table,
                               SpreadWork& work, std::uint8_t* pix) {
     const int W = work.W;
@@ -154,35 +154,35 @@ WIDE_VECTORS void DrawWideRow(const SpreadWork::PixelRow& pixelRow, const SpaceT
     } else {
         FindFirstRow(table, pixelRow.Base, work);
         const double* const lift = work.Lift.data();
-        for (int c = 0; c < W; ++c) row[c] = NearestWhole(first[c]) + lift[c];
+        for (int c = 0; c < W; ++c) row[c] = RoundHalfEven(first[c]) + lift[c];
     }
     for (int j = pixelRow.First; j < pixelRow.End; ++j) {
         FindFirstRow(table, j, work);
         const double part = work.Spans[Index(j - 1)].FirstPart;
         const double rest = 1 - part;
-        for (int c = 0; c < W; ++c) row[c] = NearestWhole(row[c] * rest + part * first[c]);
+        for (int c = 0; c < W; ++c) row[c] = RoundHalfEven(row[c] * rest + part * first[c]);
     }
     for (int c = 0; c < W; ++c) pix[c] = static_cast<std::uint8_t>(static_cast<int>(row[c]));
 }
 
-// N > W: blends the cells of state j that begin in column c over the level that stands there.
-std::uint8_t BlendCells(int j, int c, double part, const SpreadWork& work, std::uint8_t standing) {
+// N > W: blends the cells of state j that begin in column c over the level `under`.
+std::uint8_t BlendCells(int j, int c, double part, const SpreadWork& work, std::uint8_t under) {
     const double rest = 1 - part;
     const std::uint8_t* const level = work.Levels.data() + RowStart(j, work.N + 1);
     const int first = work.FirstCell[Index(c)];
     const int end = work.FirstCell[Index(c + 1)];
-    double pixel = standing;
+    double pixel = under;
     double before = level[first - 1];
     for (int i = first; i < end; ++i) {
         const double own = level[i];
-        const double touch = work.Lead[Index(i)] * before + work.Own[Index(i)] * own;
-        pixel = NearestWhole(pixel * rest + part * touch);
+        const double edge = work.Lead[Index(i)] * before + work.Own[Index(i)] * own;
+        pixel = RoundHalfEven(pixel * rest + part * edge);
         before = own;
     }
     return static_cast<std::uint8_t>(pixel);
 }
 
-// N > W: one pixel row. Where all cells of a column have the level that stands there already, a
+// N > W: draws one pixel row. Where all cells of a column have the level that is there already, a
 // blend changes nothing; most columns of a smooth flow are like that.
 void DrawDenseRow(const SpreadWork::PixelRow& pixelRow, const SpaceTimeTable& table,
                   const SpreadWork& work, std::uint8_t* pix) {
@@ -200,10 +200,10 @@ void DrawDenseRow(const SpreadWork::PixelRow& pixelRow, const SpaceTimeTable& ta
             if (even[c] == 1 && pix[c] == full[c]) continue;
             pix[c] = BlendCells(j, c, part, work, pix[c]);
         }
-        if (work.EdgeAgain) {
+        if (work.RepeatsLastCell) {
             const double raw = RawLevel(table.State(j)[work.N], work.Gray);
             const double pixel = pix[W - 1] * (1 - part) + part * raw;
-            pix[W - 1] = static_cast<std::uint8_t>(NearestWhole(pixel));
+            pix[W - 1] = static_cast<std::uint8_t>(RoundHalfEven(pixel));
         }
     }
 }
@@ -213,13 +213,13 @@ void DrawDenseRow(const SpreadWork::PixelRow& pixelRow, const SpaceTimeTable& ta
 void SpreadSpaceTime(const SpaceTimeTable& table, const GrayScale& gray, int W, int H,
                      SpreadWork& work, std::uint8_t* Pix) {
     assert(table.N >= 1 && table.NS >= 1 && W >= 1 && H >= 1);
-    if (work.N != table.N || work.W != W) LayColumns(table.N, W, work);
+    if (work.N != table.N || work.W != W) FindColumns(table.N, W, work);
     if (!(work.Gray == gray)) work.States = 0;
     work.Gray = gray;
-    if (table.N > W) KeepStates(table, work);
+    if (table.N > W) AddStates(table, work);
     work.FirstOf = 0;
 
-    LayRows(table.NS, H, work);
+    FindRows(table.NS, H, work);
     for (int r = 1; r <= H; ++r) {
         std::uint8_t* const pix = Pix + RowStart(r, W);
         if (table.N <= W) {

@@ -1,4 +1,4 @@
-// What the space-time picture is made of: one variable of the state store.
+// The source of the space-time picture: one variable of the state store.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@ inline std::size_t Index(int index) {
     return static_cast<std::size_t>(index);
 }
 
-// Where row number `row`, counted from 1, begins in rows of that width.
+// Where row number `row`, counted from 1, begins among rows of that width.
 inline std::size_t RowStart(int row, int width) {
     return Index(row - 1) * Index(width);
 }
@@ -19,8 +19,8 @@ struct SpaceTimeTable {
     int N = 0;                 // cells, at least 1
     int NS = 0;                // stored states, at least 1
     int Stride = 0;            // elements from one state to the next, N+2
-    int Generation = 0;        // see SpaceTimeRaster: the same as long as states are only added
+    int Generation = 0;        // unchanged as long as states are only added; see SpaceTimeRaster
 
-    // The address p for which p[i] is cell i of state j.
+    // The address of cell 0 of state j, so that State(j)[i] is cell i.
     const float* State(int j) const { return A + RowStart(j, Stride); }
 };
