@@ -1,4 +1,5 @@
 // Stored states, picked cells and the space-time picture, worked through the widgets.
+#include <functional>
 #include <vector>
 
 #include "panel/picture/space_time_view.h"
@@ -153,8 +154,20 @@ TEST_F(PanelBrowsing, PaintsEveryVariableByItsOwnTable) {
 TEST_F(PanelBrowsing, HasNoSmokeUnderPlover) {
     state.SchemeName = "Plover";
     RunTest1();
-    ChooseGray(7);
-    EXPECT_EQ(controls.lstGrayVariable->currentItem()->text(), "Density");
+    QListWidget& list = *controls.lstGrayVariable;
+    const std::pair<const char*, std::function<void()>> choices[] = {
+        {"mouse", [&] { ChooseGray(7); }},
+        {"key", [&] { QTest::keyClick(&list, Qt::Key_End); }},
+        {"letter", [&] { QTest::keyClicks(&list, "f"); }},
+    };
+    for (const auto& [by, choose] : choices) {
+        SCOPED_TRACE(by);
+        ChooseGray(3);
+        choose();
+        ASSERT_EQ(list.currentRow(), 0);
+        EXPECT_EQ(list.selectedItems(), QList{list.item(0)});
+        EXPECT_EQ(list.itemAt(list.viewport()->rect().center()), list.item(0)) << "is on show";
+    }
 }
 
 // On 400 cells every second state repaints the picture, and several can fall into one tick. A tick

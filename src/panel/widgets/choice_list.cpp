@@ -11,11 +11,34 @@ ChoiceList::ChoiceList(QWidget* parent) : QListWidget(parent) {
         if (row < 0) return;
         chosenByPress_ = true;
         if (Chosen) Chosen();
+        if (currentRow() != row) isOverruled_ = true;
     });
     connect(this, &QListWidget::itemClicked, this, [this] {
         if (isReleasing_ && chosenByPress_) return;
         if (Chosen) Chosen();
     });
+}
+
+// Keys arrive here, the mouse and the wheel at the viewport.
+bool ChoiceList::event(QEvent* event) {
+    const bool isTaken = QListWidget::event(event);
+    ShowChoice();
+    return isTaken;
+}
+
+bool ChoiceList::viewportEvent(QEvent* event) {
+    const bool isTaken = QListWidget::viewportEvent(event);
+    ShowChoice();
+    return isTaken;
+}
+
+// The toolkit ends an event with the row that the user has chosen, whatever became the present one
+// meanwhile: it highlights that row and scrolls to it.
+void ChoiceList::ShowChoice() {
+    if (!isOverruled_) return;
+    isOverruled_ = false;
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+    scrollTo(currentIndex());
 }
 
 void ChoiceList::paintEvent(QPaintEvent* event) {
