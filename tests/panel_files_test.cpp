@@ -120,6 +120,28 @@ TEST_F(PanelFiles, TakeTheGridOfTheFile) {
     EXPECT_EQ(state.Time, 0.0);
 }
 
+// As when only the number of cells is edited. On another grid or on the same one, before a run and
+// after it, the points land where their positions say.
+TEST_F(PanelFiles, MapPointsThatLieBeyondTheGridOfTheFile) {
+    Write("large.txt");
+    Save("cut.txt", Load("large.txt").replace("  400\r\n", "  100\r\n"));
+    const std::vector<int> cells = {0, 1, 10, 11, 90, 91, 100, 101};
+    for (const char* typed : {"400", "100"}) {
+        controls.txtNGridCells->setText(typed);
+        Read("cut.txt");
+        EXPECT_EQ(state.NGridCells, 100) << typed;
+        const int* const first = state.MSelList.At(0);
+        EXPECT_EQ(std::vector<int>(first, first + state.NSelected + 2), cells) << typed;
+        EXPECT_EQ(state.P[10], 1000.0) << typed;
+        EXPECT_EQ(state.P[11], 0.01) << typed;
+    }
+    panel.Press("cmdBegin");
+    panel.Tick();
+    Read("cut.txt");
+    EXPECT_EQ(state.MSelList[3], 11);
+    EXPECT_EQ(BrokenPromise(panel.Form()), "");
+}
+
 TEST_F(PanelFiles, SayWhatIsWrongAndChangeNothing) {
     Write("good.txt");
     const QByteArray good = Load("good.txt");

@@ -156,6 +156,8 @@ TEST(ReadSetUpText, SaysWhichStringWasWrong) {
                   "I expected to read the string 'Rho' but got instead rho\r\n"
                   "I expected to read the string 'P' but got instead P\r\n"
                   "I expected to read the string 'VX' but got instead VX\r\n");
+    expectMessage("\"\"\r\n", "\"a\n\r\n\t\nb\"\r\n",
+                  "I expected to read the null string but got instead a     b\r\n");
     // Seventy-nine letters and two characters of two bytes: the cut falls before the first of them.
     const std::string letters(79, 'a');
     expectMessage("PMax", letters + "\u00e4\u00e4",
@@ -171,7 +173,7 @@ TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
     };
     // clang-format off
     const struct { std::string key; std::vector<const char*> values; } parameters[] = {
-        {"NGridCells",        {"5", "399", "5001.5", "4294967696", "four hundred"}},
+        {"NGridCells",        {"5", "5001.5", "4294967696", "four hundred"}},
         {"NDifferenceScheme", {"3e9"}},
         {"SoundSpeed0",       {"0", "1e300"}},
         {"CourantNumber",     {"0", "1", "nan", "1e-320"}},
@@ -199,6 +201,33 @@ TEST(ReadSetUpText, PassesOverInSilenceWhatCannotStand) {
     for (const auto& [what, by] : pieces) expectSilence(Replaced(written, what, by));
     for (const std::size_t end : {0U, 1U, 24U, 300U, 600U, 900U, 1200U}) {
         expectSilence(written.substr(0, end));
+    }
+}
+
+TEST(ReadSetUpText, SaysWhyInOneSentence) {
+    const std::string written = WriteSetUpText(ThreePressures());
+    const auto edited = [&](const char* what, const char* by) {
+        return Replaced(written, what, by);
+    };
+    const std::pair<std::string, const char*> rows[] = {
+        {"", "it is no set-up file"},
+        {"Dear Sir, or Madam", "it is no set-up file"},
+        {"a,1", "it is no set-up file"},
+        {written.substr(0, written.find("\n40,")), "it ends too soon"},
+        {edited("-49.9895", "low"), "field 16 is no number"},
+        {edited("  3\r\n", "  3e9\r\n"), "field 2 is out of range"},
+        {edited("\"VX\"\r\n", "\"VX\" \"\"\r\n"), "field 32 goes on behind its quotes"},
+        {edited("\"PMin\"", "\"pmin\""), "a name is wrong before field 17"},
+        {edited("  400\r\n", "  5\r\n"), "NGridCells is out of range"},
+        {edited("0.85", "1"), "CourantNumber is out of range"},
+        {edited("-49.9895", "1050"), "PMin to PMax is no axis"},
+        {edited("0.01,", "0,"), "P in row 4 of the points is out of range"},
+        {edited("\n41,", "\n40,"),
+         "MSelected in row 4 of the points does not lie behind the cell before"},
+        {written, ""},
+    };
+    for (const auto& [text, reason] : rows) {
+        EXPECT_EQ(ReadSetUpText(text, MaxGridCells).Reason, reason) << text;
     }
 }
 

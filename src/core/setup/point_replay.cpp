@@ -11,6 +11,7 @@
 #include "core/run/first_step.h"
 #include "core/run/state_store.h"
 #include "core/setup/grid.h"
+#include "core/setup/point_mapping.h"
 #include "core/setup/smoke.h"
 
 namespace {
@@ -40,6 +41,8 @@ PointExtremes::PointExtremes(const ExperimentState& state)
 
 void LayBareGrid(ExperimentState& state) {
     AllocateArrays(state);
+    // A file may have been given fewer cells by hand than its points were placed on.
+    if (state.MSelList[state.NSelected] > state.NGridCells) MapControlPoints(state);
     InitSmokePattern(state);
     const int n = state.NGridCells;
     for (int i = 0; i <= n + 1; ++i) {

@@ -22,7 +22,7 @@ struct PointExtremes {
 };
 
 // Fresh arrays for NGridCells cells from 0 to 1, filled with the values of the first two entries of
-// the list of control points.
+// the list of control points. Points beyond the grid are mapped to it by their positions.
 void LayBareGrid(ExperimentState& state);
 
 // Makes the point of entry k the selected values and puts them into its cell; the axes become those

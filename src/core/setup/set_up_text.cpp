@@ -82,8 +82,20 @@ std::string Row(const std::array<std::string, 5>& fields,
 // A place in the text. Once a field is missing or malformed everything read is empty or 0.
 struct Fields {
     std::string_view Rest;
-    bool Failed = false;
+    int Count = 0;             // fields begun, the one under way included
+    std::string Trouble = {};  // why a field failed
+    bool BeginsRight = false;  // with the name of the first line
+
+    bool Failed() const { return !Trouble.empty(); }
+    void Fail(const std::string& trouble) {
+        if (!Failed()) Trouble = trouble;
+    }
+    void FailHere(const std::string& trouble) {
+        Fail("field " + std::to_string(Count) + ' ' + trouble);
+    }
 };
+
+constexpr const char* EndsTooSoon = "it ends too soon";
 
 void SkipBlanks(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
@@ -102,8 +114,10 @@ std::string_view QuotedField(Fields& fields) {
     std::string_view& rest = fields.Rest;
     rest.remove_prefix(1);
     const std::size_t quote = rest.find('"');
-    fields.Failed = quote == std::string_view::npos;
-    if (fields.Failed) return {};
+    if (quote == std::string_view::npos) {
+        fields.Fail(EndsTooSoon);
+        return {};
+    }
     const std::string_view field = rest.substr(0, quote);
     rest.remove_prefix(quote + 1);
     SkipBlanks(rest);
@@ -121,41 +135,47 @@ std::string_view BareField(Fields& fields) {
 
 // The next field without its quotes or the blanks around it.
 std::string_view ReadField(Fields& fields) {
-    if (fields.Failed || fields.Rest.empty()) {
-        fields.Failed = true;
-        return {};
-    }
+    if (fields.Rest.empty()) fields.Fail(EndsTooSoon);
+    if (fields.Failed()) return {};
+    fields.Count += 1;
     SkipBlanks(fields.Rest);
     const bool isQuoted = !fields.Rest.empty() && fields.Rest.front() == '"';
     const std::string_view field = isQuoted ? QuotedField(fields) : BareField(fields);
-    if (!fields.Failed) fields.Failed = !TakeDelimiter(fields.Rest);
-    return fields.Failed ? std::string_view() : field;
+    if (!fields.Failed() && !TakeDelimiter(fields.Rest)) {
+        fields.FailHere("goes on behind its quotes");
+    }
+    return fields.Failed() ? std::string_view() : field;
 }
 
 double ReadReal(Fields& fields) {
     const std::string_view field = ReadField(fields);
     const std::optional<double> number = ReadNumber(field);
-    if (!number) fields.Failed = true;
+    if (!number) fields.FailHere("is no number");
     return number.value_or(0.0);
 }
 
 // A fraction is rounded away; a number that 32 bits cannot hold is no whole number here.
 int ToWhole(double number, Fields& fields) {
     const int whole = RoundToEven(number);
-    if (whole != std::nearbyint(number)) fields.Failed = true;
+    if (whole != std::nearbyint(number)) fields.FailHere("is out of range");
     return whole;
 }
 
 // ---- Messages ----
 
-// What was read, as far as it fits into a line of a message box. A character of several bytes is
-// not cut in two.
+// What was read, as far as it fits into a line of a message box: a line end in quotes counts as a
+// blank, and a character of several bytes is not cut in two.
 std::string Shown(std::string_view read) {
     constexpr std::size_t most = 80;
-    if (read.size() <= most) return std::string(read);
-    std::size_t end = most;
-    while (end > 0 && (static_cast<unsigned char>(read[end]) & 0xC0U) == 0x80U) --end;
-    return std::string(read.substr(0, end)) + "...";
+    std::size_t end = std::min(most, read.size());
+    while (end > 0 && end < read.size() &&
+           (static_cast<unsigned char>(read[end]) & 0xC0U) == 0x80U) {
+        --end;
+    }
+    std::string shown(read.substr(0, end));
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return c >= 0 && c < ' '; }, ' ');
+    return end < read.size() ? shown + "..." : shown;
 }
 
 std::string Instead(std::string_view expected, std::string_view read) {
@@ -167,12 +187,17 @@ std::string StringInstead(std::string_view expected, std::string_view read) {
     return Instead("the string '" + std::string(expected) + "'", read);
 }
 
-SetUpReading Refused(const std::string& lines) {
-    return {std::nullopt, lines + "You screwed up.   This input file will be ignored."};
+// A text whose first line is not even that of a set-up has nothing else to be told of.
+SetUpReading IgnoredSilently(const Fields& fields, const std::string& reason) {
+    return {std::nullopt, {}, fields.BeginsRight ? reason : "it is no set-up file"};
 }
 
-SetUpReading IgnoredSilently() {
-    return {};
+// The fields are read as far as the wrong string and what belongs to it.
+SetUpReading Refused(const std::string& lines, const Fields& fields) {
+    SetUpReading reading =
+        IgnoredSilently(fields, "a name is wrong before field " + std::to_string(fields.Count + 1));
+    reading.Message = lines + "You screwed up.   This input file will be ignored.";
+    return reading;
 }
 
 // ---- The blocks of the file ----
@@ -181,8 +206,9 @@ SetUpReading IgnoredSilently() {
 std::string ReadParameters(Fields& fields, SetUpValues& read) {
     for (const Parameter& parameter : Parameters) {
         const std::string_view key = ReadField(fields);
+        fields.BeginsRight = fields.BeginsRight || key == Parameters.front().Key;
         const double number = ReadReal(fields);
-        if (fields.Failed) return {};
+        if (fields.Failed()) return {};
         if (key != parameter.Key) return StringInstead(parameter.Key, key);
         if (parameter.ReadReal != nullptr) {
             read.*parameter.ReadReal = number;
@@ -202,7 +228,7 @@ std::string ReadColumnNames(Fields& fields) {
         allRight = allRight && found == name;
         lines += StringInstead(name, found);
     }
-    return fields.Failed || allRight ? std::string() : lines;
+    return fields.Failed() || allRight ? std::string() : lines;
 }
 
 void ReadControlPoints(Fields& fields, SetUpValues& read) {
@@ -212,7 +238,7 @@ void ReadControlPoints(Fields& fields, SetUpValues& read) {
          {&read.XSelList, &read.RhoSelList, &read.PSelList, &read.VxSelList}) {
         *list = OffsetArray<double>(0, last);
     }
-    for (int k = 0; k <= read.NSelected + 1 && !fields.Failed; ++k) {
+    for (int k = 0; k <= read.NSelected + 1 && !fields.Failed(); ++k) {
         read.MSelList[k] = ToWhole(ReadReal(fields), fields);
         read.XSelList[k] = ReadReal(fields);
         read.RhoSelList[k] = ReadReal(fields);
@@ -223,12 +249,18 @@ void ReadControlPoints(Fields& fields, SetUpValues& read) {
     read.MSelList[read.NSelected + 1] = read.NGridCells + 1;
 }
 
-// ---- Limits ----
+// ---- Limits: each gives the reason for which a set-up cannot stand, empty if it can ----
 
-bool GridCanStand(const SetUpValues& read, int maxGridCells) {
+std::string OutOfRange(const std::string& name) {
+    return name + " is out of range";
+}
+
+std::string WhyGridCannotStand(const SetUpValues& read, int maxGridCells) {
     constexpr int fewestCells = 6;
-    return read.NGridCells >= fewestCells && read.NGridCells <= maxGridCells &&
-           read.NSelected >= 0 && read.NSelected <= read.NGridCells;
+    if (read.NGridCells < fewestCells || read.NGridCells > maxGridCells) {
+        return OutOfRange("NGridCells");
+    }
+    return read.NSelected < 0 || read.NSelected > read.NGridCells ? OutOfRange("NSelected") : "";
 }
 
 bool AxisCanStand(double min, double max, int points) {
@@ -236,23 +268,43 @@ bool AxisCanStand(double min, double max, int points) {
     return points == 0 ? min < max : min <= max;
 }
 
-bool ParametersCanStand(const SetUpValues& read) {
-    const auto isPossible = [](double v) { return v > 0.0 && v <= LargestValue; };
-    return isPossible(read.SoundSpeed0) && isPossible(read.Periods) && read.NPlotsPerPeriod >= 1 &&
-           read.CourantNumber >= SmallestCourantNumber && read.CourantNumber < 1.0 &&
-           AxisCanStand(read.RhoMin, read.RhoMax, read.NSelected) &&
-           AxisCanStand(read.PMin, read.PMax, read.NSelected) &&
-           AxisCanStand(read.VXMin, read.VXMax, read.NSelected);
+bool IsPossible(double v) {
+    return v > 0.0 && v <= LargestValue;
 }
 
-bool ControlPointsCanStand(const SetUpValues& read) {
-    const auto isPossible = [](double v) { return v > 0.0 && v <= LargestValue; };
-    for (int k = 0; k <= read.NSelected + 1; ++k) {
-        if (!isPossible(read.RhoSelList[k]) || !isPossible(read.PSelList[k])) return false;
-        if (std::abs(read.VxSelList[k]) > LargestValue) return false;
-        if (k > 0 && read.MSelList[k] <= read.MSelList[k - 1]) return false;
+std::string WhyParametersCannotStand(const SetUpValues& read) {
+    if (!IsPossible(read.SoundSpeed0)) return OutOfRange("SoundSpeed0");
+    if (!IsPossible(read.Periods)) return OutOfRange("Periods");
+    if (read.NPlotsPerPeriod < 1) return OutOfRange("NPlotsPerPeriod");
+    if (!(read.CourantNumber >= SmallestCourantNumber && read.CourantNumber < 1.0)) {
+        return OutOfRange("CourantNumber");
     }
-    return true;
+    const struct {
+        const char* Name;
+        double Min, Max;
+    } axes[] = {{"RhoMin to RhoMax", read.RhoMin, read.RhoMax},
+                {"PMin to PMax", read.PMin, read.PMax},
+                {"VXMin to VXMax", read.VXMin, read.VXMax}};
+    for (const auto& axis : axes) {
+        if (!AxisCanStand(axis.Min, axis.Max, read.NSelected)) {
+            return std::string(axis.Name) + " is no axis";
+        }
+    }
+    return "";
+}
+
+std::string WhyControlPointsCannotStand(const SetUpValues& read) {
+    for (int k = 0; k <= read.NSelected + 1; ++k) {
+        const std::string row = " in row " + std::to_string(k + 1) + " of the points";
+        if (!IsPossible(read.RhoSelList[k])) return OutOfRange("Rho" + row);
+        if (!IsPossible(read.PSelList[k])) return OutOfRange("P" + row);
+        if (std::abs(read.VxSelList[k]) > LargestValue) return OutOfRange("VX" + row);
+        // The closing entry stands behind the grid, wherever the points will be mapped to.
+        if (k > 0 && k <= read.NSelected && read.MSelList[k] <= read.MSelList[k - 1]) {
+            return "MSelected" + row + " does not lie behind the cell before";
+        }
+    }
+    return "";
 }
 
 }  // namespace
@@ -289,20 +341,24 @@ SetUpReading ReadSetUpText(std::string_view text, int maxGridCells) {
     Fields fields{text};
     SetUpValues read;
     const std::string wrongKey = ReadParameters(fields, read);
-    if (!wrongKey.empty()) return Refused(wrongKey);
+    if (!wrongKey.empty()) return Refused(wrongKey, fields);
 
     const std::string_view empty = ReadField(fields);
-    if (!empty.empty()) return Refused(Instead("the null string", empty));
+    if (!empty.empty()) return Refused(Instead("the null string", empty), fields);
 
     const std::string wrongNames = ReadColumnNames(fields);
-    if (!wrongNames.empty()) return Refused(wrongNames);
+    if (!wrongNames.empty()) return Refused(wrongNames, fields);
 
-    if (fields.Failed || !GridCanStand(read, maxGridCells)) return IgnoredSilently();
-    ReadControlPoints(fields, read);
-    if (fields.Failed || !ParametersCanStand(read) || !ControlPointsCanStand(read)) {
-        return IgnoredSilently();
+    std::string reason = fields.Trouble;
+    if (reason.empty()) reason = WhyGridCannotStand(read, maxGridCells);
+    if (reason.empty()) {
+        ReadControlPoints(fields, read);
+        reason = fields.Trouble;
     }
-    return {std::move(read), {}};
+    if (reason.empty()) reason = WhyParametersCannotStand(read);
+    if (reason.empty()) reason = WhyControlPointsCannotStand(read);
+    if (!reason.empty()) return IgnoredSilently(fields, reason);
+    return {std::move(read)};
 }
 
 void TakeSetUpValues(ExperimentState& state, SetUpValues values) {

@@ -34,11 +34,12 @@ struct SetUpValues {
     OffsetArray<double> VxSelList;
 };
 
-// What came of reading: the set-up, or else a message for the user, which is empty where a failure
-// is to be passed over in silence.
+// What came of reading: the set-up, or else the reason, as part of a sentence ("it ends too soon"),
+// and a message for the user, which is empty where a failure is to be passed over in silence.
 struct SetUpReading {
     std::optional<SetUpValues> Values;
-    std::string Message;
+    std::string Message = {};
+    std::string Reason = {};
 };
 
 // The present set-up as the text of a file, lines ended by CR LF. A float has 15 significant
@@ -51,8 +52,9 @@ std::string WriteSetUpText(const ExperimentState& state);
 // that ends too soon, a field that is no number, an integer beyond 32 bits, and a set-up that
 // cannot stand:
 // - N from 6 to maxGridCells; NSelected from 0 to N; NPlotsPerPeriod at least 1
-// - the points in strictly rising cells inside 1 to N; for the two closing entries, cells 0 and N+1
-//   are set whatever the file says, so that a file stays good when only its N is edited
+// - the points in strictly rising cells from 1 on; those beyond N are to be mapped to the grid by
+//   their positions. For the two closing entries, cells 0 and N+1 are set whatever the file says,
+//   so that a file stays good when only its N is edited
 // - densities, pressures, SoundSpeed0 and Periods above 0; CourantNumber between 0 and 1; no
 //   density, pressure or speed beyond LargestValue
 // - no axis that ends below its beginning, and none without length if there are no points
