@@ -67,6 +67,15 @@ TEST_F(PanelSetUp, DrawsAProblemByHand) {
     panel.Type("txtMSelected", "100");
     panel.Press("cmdDeselect");
     EXPECT_EQ(state.NSelected, 3);
+    // What is no cell is on no list, whichever cell is selected.
+    panel.Type("txtMSelected", QString::number(state.MSelList[2]));
+    const auto before = Fields();
+    for (const char* noCell : {"0", "1219", "", "x"}) {
+        controls.txtMSelected->setText(noCell);
+        panel.Press("cmdDeselect");
+        EXPECT_EQ(state.NSelected, 3) << noCell;
+        EXPECT_EQ(Fields(), before) << noCell;
+    }
     for (int k = 0; k < 5; ++k) {  // also off an empty list
         panel.Type("txtMSelected", QString::number(state.MSelList[1]));
         panel.Press("cmdDeselect");
@@ -125,12 +134,17 @@ TEST_F(PanelSetUp, SetsUpSoundWaves) {
 TEST_F(PanelSetUp, LeavesTheProblemStandingWhereNoSuchWaveIsPossible) {
     const auto before = Fields();
     const QString caption = controls.lblDensityPlot->text();
-    Ask("cmdSoundWave", {"100"});
-    EXPECT_EQ(state.SoundWaveMode, 0);
-    EXPECT_EQ(state.MnBdry, 1);
-    EXPECT_EQ(state.RPlusAmp, 1.0);
-    EXPECT_EQ(Fields(), before);
-    EXPECT_EQ(controls.lblDensityPlot->text(), caption);
+    // The last one is cancelled at once: nothing more is asked, though the former amplitude stands.
+    state.RPlusAmp = 0.01;
+    for (const BoxAnswers::Answer& answer : {BoxAnswers::Answer("100"), BoxAnswers::Answer()}) {
+        const std::size_t asked = Ask("cmdSoundWave", {answer}).size();
+        EXPECT_EQ(asked, answer ? 7U : 1U);
+        EXPECT_EQ(state.SoundWaveMode, 0);
+        EXPECT_EQ(state.MnBdry, 1);
+        EXPECT_EQ(state.RPlusAmp, 0.01);
+        EXPECT_EQ(Fields(), before);
+        EXPECT_EQ(controls.lblDensityPlot->text(), caption);
+    }
 }
 
 TEST_F(PanelSetUp, AsksForOptions) {

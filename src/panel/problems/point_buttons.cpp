@@ -33,9 +33,9 @@ void ShowPoint(Controls& controls, int cell, const PointValues& values) {
     PutText(controls.txtVelocity, GeneralNumber(values.Vx));
 }
 
-// Takes the selected cell off the list if it is there, and shows what stands then.
-void DeselectCell(ExperimentState& state, Controls& controls) {
-    DeselectPoint(state, state.MSelected);
+// Takes a cell off the list if it is there, and shows what stands then. Cell 0 never is.
+void DeselectCell(ExperimentState& state, Controls& controls, int cell) {
+    DeselectPoint(state, cell);
     ComposeExperimentCaption(state, controls);
     ClearAndPaintPlots(state, controls);
 }
@@ -52,7 +52,7 @@ void cmdSelect_Click(ExperimentState& state, Controls& controls) {
 
     // A point is never edited in place: it is taken off and put on anew. Which one, the selected
     // cell tells: the box can still hold a text that was refused on a smaller grid.
-    if (FindControlPoint(state, m) > 0) DeselectCell(state, controls);
+    if (FindControlPoint(state, m) > 0) DeselectCell(state, controls, m);
     SelectPoint(state, m, values);
     ShowPoint(controls, m, values);
     ComposeExperimentCaption(state, controls);
@@ -60,8 +60,9 @@ void cmdSelect_Click(ExperimentState& state, Controls& controls) {
 }
 
 void cmdDeselect_Click(ExperimentState& state, Controls& controls) {
-    state.MSelected = CellIn(state, controls.txtMSelected).value_or(state.MSelected);
-    DeselectCell(state, controls);
+    const std::optional<int> cell = CellIn(state, controls.txtMSelected);
+    if (cell) state.MSelected = *cell;
+    DeselectCell(state, controls, cell.value_or(0));
 }
 
 void cmdReset_Click(ExperimentState& state, Controls& controls) {

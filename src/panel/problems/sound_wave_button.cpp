@@ -40,15 +40,18 @@ struct SoundWaveSettings {
     SoundWaves Waves;
 };
 
-void AskNumber(Controls& controls, const std::string& message, const std::string& title,
+// False for an empty answer, which is what Cancel gives.
+bool AskNumber(Controls& controls, const std::string& message, const std::string& title,
                double& value) {
-    const auto answer = ReadNumber(Prompt(controls, message, title, GeneralNumber(value)));
+    const std::string given = Prompt(controls, message, title, GeneralNumber(value));
+    const auto answer = ReadNumber(given);
     if (answer && std::abs(*answer) <= LargestValue) value = *answer;
+    return !given.empty();
 }
 
-void AskAmplitude(Controls& controls, const std::string& wave, double& value) {
-    AskNumber(controls, "Type the amplitude of the " + wave + " Riemann invariant",
-              "Get " + wave + " Amplitude", value);
+bool AskAmplitude(Controls& controls, const std::string& wave, double& value) {
+    return AskNumber(controls, "Type the amplitude of the " + wave + " Riemann invariant",
+                     "Get " + wave + " Amplitude", value);
 }
 
 void AskFrequency(Controls& controls, const std::string& wave, int& value) {
@@ -59,14 +62,17 @@ void AskFrequency(Controls& controls, const std::string& wave, int& value) {
     if (answer && RoundToEven(*answer) >= 1) value = RoundToEven(*answer);
 }
 
-void AskForWaves(ExperimentState& state, Controls& controls) {
-    AskAmplitude(controls, "R+", state.RPlusAmp);
+// False if the first question is cancelled: there is to be no sound wave. Later on Cancel keeps the
+// value that was asked for.
+bool AskForWaves(ExperimentState& state, Controls& controls) {
+    if (!AskAmplitude(controls, "R+", state.RPlusAmp)) return false;
     AskFrequency(controls, "R+", state.RPlusFreq);
     AskAmplitude(controls, "R-", state.RMinusAmp);
     AskFrequency(controls, "R-", state.RMinusFreq);
     AskAmplitude(controls, "R0", state.R0Amp);
     AskFrequency(controls, "R0", state.R0Freq);
     AskNumber(controls, "Type the average velocity", "Get U0 Value", state.U0);
+    return true;
 }
 
 struct PlotCaptions {
@@ -98,8 +104,7 @@ void cmdSoundWave_Click(ExperimentState& state, Controls& controls) {
     state.MxBdry = PeriodicBoundary;
     PutPlotCaptions(controls,
                     {"R+  Riemann Invariant", "P / (Rho^Gamma)", "R-  Riemann Invariant"});
-    AskForWaves(state, controls);
-    if (!IntegrateSoundWave(state)) {
+    if (!AskForWaves(state, controls) || !IntegrateSoundWave(state)) {
         former.PutBack(state);
         PutPlotCaptions(controls, formerCaptions);
         return;

@@ -7,7 +7,7 @@ struct ExperimentState;
 // Asks for the three waves and the background velocity and makes them the problem, with periodic
 // boundaries and plots of the invariants. Only before a run. An answer that is no number, or a
 // frequency below 1, keeps the former value; waves that would drive the pressure or the entropy
-// function to 0 leave the former experiment standing.
+// function to 0, and Cancel at the first question, leave the former experiment standing.
 void cmdSoundWave_Click(ExperimentState& state, Controls& controls);
 
 // Builds the waves of the record on the present grid and shows them; nothing outside sound-wave
