@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 
+#include "panel/help/guide_place.h"
 #include "panel/plots/line_plots.h"
 #include "panel_test.h"
 #include "pixels.h"
@@ -275,7 +276,8 @@ TEST_F(PanelSetUp, AsksWordForWord) {
     const QString guide =
         "The documentation for this utility program is contained in the file\n"
         "Ternlow-Users-Guide-9-1-01.doc\n"
-        "It is also available on the Web at http://ternlow.example/users-guide\nREAD IT!!";
+        "It is also available on the Web: press F1, or open " +
+        GuideAddress() + "\nREAD IT!!";
     // clang-format off
     const struct { const char* button; std::vector<BoxAnswers::Box> boxes; } rows[] = {
         {"cmdBoundaryConditionType", {{"Get MnBdry", "Type the value of the left" + boundary, "1"},

@@ -12,6 +12,7 @@ packages=(
     qt6-base-dev qt6-wayland               # the window
     libcli11-dev                           # the options of ternlow-run
     libgtest-dev libbenchmark-dev          # tests and benchmarks
+    python3-markdown libqt6svg6            # the guide and its drawings
     fonts-liberation                       # the fonts that the panel is laid out for
     xvfb xauth x11-utils                   # a display where there is none
     clang-format python3                   # the checks of the sources

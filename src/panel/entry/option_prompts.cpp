@@ -12,6 +12,7 @@
 #include "core/run/scheme_table.h"
 #include "panel/controls.h"
 #include "panel/dialogs/prompt.h"
+#include "panel/help/guide_place.h"
 #include "panel/plots/line_plots.h"
 #include "panel/widgets/control_values.h"
 
@@ -93,8 +94,10 @@ void cmdDocumentation_Click(ExperimentState& /*state*/, Controls& controls) {
     ShowMessage(controls,
                 "The documentation for this utility program is contained in the file\r\n"
                 "Ternlow-Users-Guide-9-1-01.doc\r\n"
-                "It is also available on the Web at http://ternlow.example/users-guide\r\n"
-                "READ IT!!");
+                "It is also available on the Web: press F1, or open " +
+                    GuideAddress().toStdString() +
+                    "\r\n"
+                    "READ IT!!");
 }
 
 void cmdSinglePlots_Click(ExperimentState& state, Controls& controls) {

@@ -20,6 +20,7 @@
 #include "panel/widgets/spoken_role.h"
 #include "panel/widgets/wrapping_button.h"
 #include "panel/widgets/wrapping_label.h"
+#include "panel/window/side_windows.h"
 #include "panel/window/start_up.h"
 
 namespace {
@@ -67,7 +68,10 @@ frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
     ConnectKeys();
     ConnectTimer();
     new FramePacer(*this);  // owned by the window
+    sideWindows_ = std::make_unique<SideWindows>(*this);
 }
+
+frmTernlow::~frmTernlow() = default;
 
 QFont frmTernlow::FontOf(const PanelFont& font) const {
     QFont made("Liberation Sans");
@@ -285,5 +289,6 @@ bool frmTernlow::focusNextPrevChild(bool next) {
 
 // Nothing is saved and nobody is asked: a run in progress ends with the window.
 void frmTernlow::closeEvent(QCloseEvent* /*event*/) {
+    sideWindows_->Close();
     Form_Unload(state, controls);
 }

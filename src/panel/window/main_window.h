@@ -3,18 +3,24 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <memory>
 
 #include "core/model/experiment_state.h"
 #include "panel/controls.h"
 #include "panel/widgets/panel_scale.h"
 #include "panel/window/panel_layout.h"
 
+class SideWindows;
+
 class frmTernlow : public QWidget {
 public:
     explicit frmTernlow(const PanelScale& scale = PanelScale());
+    ~frmTernlow() override;
 
     ExperimentState state;
     Controls controls;
+
+    SideWindows& Beside() { return *sideWindows_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -45,4 +51,5 @@ private:
 
     PanelScale scale_;
     QPixmap background_;
+    std::unique_ptr<SideWindows> sideWindows_;
 };

@@ -1,0 +1,27 @@
+#include "panel/window/side_windows.h"
+
+#include <QShortcut>
+
+#include "panel/help/guide_window.h"
+#include "panel/window/main_window.h"
+
+SideWindows::SideWindows(frmTernlow& form) {
+    const auto onKeys = [&form](const char* keys, const auto& act) {
+        auto* key = new QShortcut(QKeySequence(keys), &form);
+        key->setAutoRepeat(false);
+        QObject::connect(key, &QShortcut::activated, &form, act);
+    };
+    onKeys("F1", [this] { Guide().ShowPage("users-guide.html"); });
+    onKeys("Shift+F1", [this] { Guide().ShowPage("users-guide.html#keys"); });
+}
+
+SideWindows::~SideWindows() = default;
+
+void SideWindows::Close() {
+    guide_.reset();
+}
+
+GuideWindow& SideWindows::Guide() {
+    if (!guide_) guide_ = std::make_unique<GuideWindow>();
+    return *guide_;
+}

@@ -1,0 +1,25 @@
+// The windows beside the panel, and the keys that open them.
+#pragma once
+
+#include <memory>
+
+class GuideWindow;
+class frmTernlow;
+
+// F1 shows the guide, shift and F1 its page of keys. The windows are made when they are first asked
+// for, read the panel's record and never write it, and are gone with this object.
+class SideWindows {
+public:
+    explicit SideWindows(frmTernlow& form);
+    ~SideWindows();
+    SideWindows(const SideWindows&) = delete;
+    SideWindows& operator=(const SideWindows&) = delete;
+
+    GuideWindow& Guide();
+
+    // The program ends with its last window.
+    void Close();
+
+private:
+    std::unique_ptr<GuideWindow> guide_;
+};
