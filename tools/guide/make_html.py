@@ -14,7 +14,8 @@ import sys
 
 import markdown
 
-WIDEST = 760  # pixels of a picture in the window
+WIDEST = 700  # pixels of a picture in the window
+WIDEST_IN_TABLE = 330
 HEAD = """<!DOCTYPE html>
 <html lang="en"><head><meta charset="utf-8"><title>{title}</title>
 <style>
@@ -35,10 +36,14 @@ def png_width(path):
 
 
 def with_sizes(html, docs):
-    def size(match):
-        width = min(WIDEST, png_width(docs / match.group(1)))
-        return f'{match.group(0)} width="{width}"'
-    return re.sub(r'src="([^"]+\.png)"', size, html)
+    def size(widest):
+        return lambda match: (f'{match.group(0)} '
+                              f'width="{min(widest, png_width(docs / match.group(1)))}"')
+
+    parts = re.split(r"(<table>.*?</table>)", html, flags=re.DOTALL)
+    source = re.compile(r'src="([^"]+\.png)"')
+    return "".join(source.sub(size(WIDEST_IN_TABLE if part.startswith("<table") else WIDEST), part)
+                   for part in parts)
 
 
 def contents_of(page, tokens, depth=0):
@@ -75,10 +80,11 @@ def main():
         reader = markdown.Markdown(extensions=["tables", "toc", "sane_lists"])
         html = reader.convert((docs / f"{name}.md").read_text(encoding="utf-8"))
         html = re.sub(r'href="([\w-]+)\.md', r'href="\1.html', html)
+        html = with_sizes(html, docs)
+        html = re.sub(r"<thead>\s*<tr>\s*(<th></th>\s*)+</tr>\s*</thead>", "", html)
         html = html.replace("<table>", '<table border="1" cellspacing="0" cellpadding="4">')
         title = re.sub(r"<[^>]+>", "", reader.toc_tokens[0]["name"])
-        pages[f"{name}.html"] = (HEAD.format(title=title) + with_sizes(html, docs) +
-                                 "\n</body></html>\n")
+        pages[f"{name}.html"] = HEAD.format(title=title) + html + "\n</body></html>\n"
         contents += contents_of(f"{name}.html", reader.toc_tokens)
     pages["contents.html"] = HEAD.format(title="Contents") + contents + "</body></html>\n"
     broken = list(broken_links(pages, docs))

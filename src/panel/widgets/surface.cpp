@@ -43,13 +43,31 @@ QImage InColour(std::span<const std::uint8_t> levels, int width, int height) {
 }  // namespace
 
 Surface::Surface(const PanelScale& scale, double unitsPerPixel, QWidget* parent)
-    : QWidget(parent), scale_(scale), unitsPerPixel_(unitsPerPixel) {
+    : QWidget(parent), scale_(scale), shown_(scale), unitsPerPixel_(unitsPerPixel) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::TabFocus);  // a press leaves the focus where the user types
 }
 
 void Surface::Place(const QRect& twips) {
-    setGeometry(scale_.ToPixels(twips));
+    twips_ = twips;
+    setGeometry(shown_.ToPixels(twips));
+}
+
+void Surface::MagnifyTo(const PanelScale& shown) {
+    shown_ = shown;
+    if (!twips_.isNull()) setGeometry(shown_.ToPixels(twips_));
+}
+
+// The size in pixels of the scale that the surface is drawn in.
+QSize Surface::DrawnSize() const {
+    return twips_.isNull() ? size() : scale_.ToPixels(twips_).size();
+}
+
+// Pixels of the window for one that is drawn.
+QSizeF Surface::Magnification() const {
+    const QSize drawn = DrawnSize();
+    return {static_cast<double>(width()) / drawn.width(),
+            static_cast<double>(height()) / drawn.height()};
 }
 
 void Surface::Cls() {
@@ -138,14 +156,17 @@ void Surface::Rasterise() {
 // and moves nothing by more than half a pixel. The result is in device pixels, from the image's
 // corner to the middle of the pen.
 QTransform Surface::ToDevice() const {
-    const double ratio = devicePixelRatioF();
-    const auto scale = [&](int pixels) { return ratio / unitsPerPixel_ * (pixels - 1) / pixels; };
-    return QTransform::fromTranslate(0.5 * ratio, 0.5 * ratio)
-        .scale(scale(width()), scale(height()));
+    const QSizeF ratio = devicePixelRatioF() * Magnification();
+    const auto scale = [&](double pixelRatio, int pixels) {
+        return pixelRatio / unitsPerPixel_ * (pixels - 1) / pixels;
+    };
+    return QTransform::fromTranslate(0.5 * ratio.width(), 0.5 * ratio.height())
+        .scale(scale(ratio.width(), DrawnSize().width()),
+               scale(ratio.height(), DrawnSize().height()));
 }
 
 int Surface::PenWidth() const {
-    return std::max(1, qRound(devicePixelRatioF()));
+    return std::max(1, qRound(devicePixelRatioF() * Magnification().height()));
 }
 
 void Surface::DrawItem(const DrawnCurve& curve, const QTransform& toDevice) {
@@ -202,7 +223,9 @@ void Surface::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) pressedHere_ = true;
     if (Pressed) {
         const QPointF place = event->position() * unitsPerPixel_;
-        Pressed(static_cast<float>(place.x()), static_cast<float>(place.y()));
+        const QSizeF times = Magnification();
+        Pressed(static_cast<float>(place.x() / times.width()),
+                static_cast<float>(place.y() / times.height()));
     }
 }
 

@@ -11,6 +11,9 @@
 
 // Coordinates are in the surface's own unit, from the interior's top left.
 //
+// A magnified surface is like a screen with larger pixels: drawing and presses keep the same
+// coordinates.
+//
 // What was drawn since the last Cls is kept as a list and becomes an image once, when somebody
 // looks. The paint event only copies that image out, and puts a frame over it while the surface has
 // the focus. It runs no procedure that writes text boxes, so exposure loses nothing and changes
@@ -23,9 +26,12 @@ public:
     // The outer position and size in twips. What was drawn stays; a gray picture stretches.
     void Place(const QRect& twips);
 
-    // Interior size in the surface's unit.
-    float ScaleWidth() const { return static_cast<float>(width() * unitsPerPixel_); }
-    float ScaleHeight() const { return static_cast<float>(height() * unitsPerPixel_); }
+    // Shows the surface, wherever it is placed, at another scale than it is drawn in.
+    void MagnifyTo(const PanelScale& shown);
+
+    // Interior size in the surface's unit, whatever the magnification.
+    float ScaleWidth() const { return static_cast<float>(DrawnSize().width() * unitsPerPixel_); }
+    float ScaleHeight() const { return static_cast<float>(DrawnSize().height() * unitsPerPixel_); }
 
     // Erases everything; the current point returns to 0, 0.
     void Cls();
@@ -82,11 +88,15 @@ private:
     void DrawItem(const DrawnBox& box, const QTransform& toDevice);
     void DrawItem(const DrawnGray& gray, const QTransform& toDevice);
     void DrawOver(const QImage& picture);
+    QSize DrawnSize() const;
+    QSizeF Magnification() const;
     QTransform ToDevice() const;
     int PenWidth() const;
 
     PanelScale scale_;
+    PanelScale shown_;
     double unitsPerPixel_;
+    QRect twips_;            // the place; null before the first
     QImage under_;           // what lies under the list: items it had no more room for
     DrawingList list_;       // all else that the surface shows
     DrawingList next_;       // filled while a picture is replaced; keeps its storage

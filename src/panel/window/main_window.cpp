@@ -5,6 +5,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 #include <algorithm>
@@ -20,6 +21,7 @@
 #include "panel/widgets/spoken_role.h"
 #include "panel/widgets/wrapping_button.h"
 #include "panel/widgets/wrapping_label.h"
+#include "panel/window/screen_fit.h"
 #include "panel/window/side_windows.h"
 #include "panel/window/start_up.h"
 
@@ -46,12 +48,12 @@ CaptionAlignment AlignmentOf(bool isCentred) {
 
 // The texts of the design come first and the handlers are connected afterwards: a text that the
 // panel is made with is no edit.
-frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
+frmTernlow::frmTernlow(const PanelScale& scale)
+    : scale_(scale), shown_(scale), windowFactor_(scale.Factor()) {
     SpeakOfSurfacesAsPictures();
     setObjectName("frmTernlow");
     setWindowTitle(WindowTitle);
     setFixedSize(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
-    background_ = Shared("background", BackgroundPicture, size());
 
     MakeButtons();
     MakeTextBoxes();
@@ -62,6 +64,7 @@ frmTernlow::frmTernlow(const PanelScale& scale) : scale_(scale) {
     MakeTimerAndDialog();
     SetTabOrder();
     StackControls();
+    LayOut();
 
     ConnectPresses();
     ConnectBoxes();
@@ -75,7 +78,7 @@ frmTernlow::~frmTernlow() = default;
 
 QFont frmTernlow::FontOf(const PanelFont& font) const {
     QFont made("Liberation Sans");
-    made.setPixelSize(scale_.FontPixels(font.Pixels));
+    made.setPixelSize(shown_.FontPixels(font.Pixels));
     made.setBold(font.Bold);
     return made;
 }
@@ -83,7 +86,6 @@ QFont frmTernlow::FontOf(const PanelFont& font) const {
 template <typename Row>
 void frmTernlow::Dress(QWidget& control, const Row& row, const QString& spokenName) const {
     control.setObjectName(row.Name);
-    control.setGeometry(scale_.ToPixels(row.Twips));
     control.setAccessibleName(spokenName.simplified());
 }
 
@@ -92,10 +94,8 @@ void frmTernlow::MakeButtons() {
         auto* button = new WrappingButton(row.Caption, this);
         Dress(*button, row, row.Caption);
         button->setToolTip(row.ToolTip);
-        button->setFont(FontOf(row.Font));
         button->setAutoDefault(true);  // Enter presses the button that has the focus
         if (row.Face != Plain) button->ShowFace(QColor(row.Face));
-        if (row.HasStill) button->ShowPicture(Shared("still", StillPicture, button->size()));
         controls.*row.Control = button;
     }
 }
@@ -105,7 +105,6 @@ void frmTernlow::MakeTextBoxes() {
         auto* box = new QLineEdit(row.Text, this);
         Dress(*box, row, row.SpokenName);
         box->setToolTip(row.ToolTip);
-        box->setFont(FontOf(TextBoxFont));
         box->setAlignment(row.IsCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
         controls.*row.Control = box;
     }
@@ -116,7 +115,6 @@ void frmTernlow::MakeLabels() {
         auto* label = new WrappingLabel(row.Caption, AlignmentOf(row.IsCentred), row.IsBoxed, this);
         Dress(*label, row, row.Caption);
         label->setToolTip(row.ToolTip);
-        label->setFont(FontOf(row.Font));
         QPalette colours = label->palette();
         colours.setColor(QPalette::WindowText, QColor(row.Text));
         colours.setColor(QPalette::Window, QColor(row.Back));
@@ -133,6 +131,7 @@ void frmTernlow::MakeSurfaces() {
         Dress(*surface, row, row.SpokenName);
         surface->setAccessibleDescription(row.SpokenDescription);
         surface->setToolTip(row.ToolTip);
+        surface->Place(row.Twips);
         controls.*row.Control = surface;
     }
 }
@@ -150,13 +149,9 @@ void frmTernlow::MakeListBox() {
     auto* list = new ChoiceList(this);
     Dress(*list, row, row.SpokenName);
     list->setToolTip(row.ToolTip);
-    list->setFont(FontOf(row.Font));
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    for (const char* text : row.Texts) {
-        auto* item = new QListWidgetItem(text, list);
-        item->setSizeHint(QSize(0, list->contentsRect().height()));  // one row fills the box
-    }
+    for (const char* text : row.Texts) list->addItem(text);
     controls.*row.Control = list;
 }
 
@@ -170,6 +165,98 @@ void frmTernlow::MakeTimerAndDialog() {
     auto* dialog = new CommonDialog(controls, this);
     dialog->setObjectName(FileDialog.Name);
     controls.*FileDialog.Control = dialog;
+}
+
+// Places and fonts at the scale that the panel is shown at.
+void frmTernlow::LayOut() {
+    const QSize panel(shown_.ToPixels(WindowTwips.width()), shown_.ToPixels(WindowTwips.height()));
+    const auto magnified = [](const QPixmap& picture, const QSize& size) {
+        return picture.size() == size
+                   ? picture
+                   : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const QSize drawn(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
+    background_ = magnified(Shared("background", BackgroundPicture, drawn), panel);
+    for (const ButtonRow& row : Buttons) {
+        auto* button = static_cast<WrappingButton*>(controls.*row.Control);
+        button->setGeometry(shown_.ToPixels(row.Twips));
+        button->setFont(FontOf(row.Font));
+        const QSize still = scale_.ToPixels(row.Twips).size();
+        if (row.HasStill) {
+            button->ShowPicture(magnified(Shared("still", StillPicture, still), button->size()));
+        }
+    }
+    for (const TextBoxRow& row : TextBoxes) {
+        (controls.*row.Control)->setGeometry(shown_.ToPixels(row.Twips));
+        (controls.*row.Control)->setFont(FontOf(TextBoxFont));
+    }
+    for (const LabelRow& row : Labels) {
+        (controls.*row.Control)->setGeometry(shown_.ToPixels(row.Twips));
+        (controls.*row.Control)->setFont(FontOf(row.Font));
+    }
+    for (const SurfaceRow& row : Surfaces) (controls.*row.Control)->MagnifyTo(shown_);
+    for (const ScrollBarRow& row : ScrollBars) {
+        (controls.*row.Control)->setGeometry(shown_.ToPixels(row.Twips));
+    }
+    LayOutList();
+}
+
+// One row fills the box.
+void frmTernlow::LayOutList() {
+    QListWidget& list = *controls.lstGrayVariable;
+    list.setGeometry(shown_.ToPixels(GrayVariables.Twips));
+    list.setFont(FontOf(GrayVariables.Font));
+    for (int row = 0; row < list.count(); ++row) {
+        list.item(row)->setSizeHint(QSize(0, list.contentsRect().height()));
+    }
+    if (list.currentItem() != nullptr) {
+        list.scrollToItem(list.currentItem(), QAbstractItemView::PositionAtTop);
+    }
+}
+
+void frmTernlow::ShowAt(const PanelScale& shown) {
+    if (shown.Factor() == shown_.Factor() && shown.Corner() == shown_.Corner()) return;
+    shown_ = shown;
+    LayOut();
+    update();
+}
+
+void frmTernlow::ShowInWindow(double factor) {
+    windowFactor_ = factor;
+    ShowAt(PanelScale(factor));
+    setFixedSize(shown_.ToPixels(WindowTwips.width()), shown_.ToPixels(WindowTwips.height()));
+}
+
+void frmTernlow::Zoom(bool larger) {
+    if (fillsScreen_) return;
+    ShowInWindow(NextFactor(windowFactor_, larger, screen()->availableSize()));
+}
+
+void frmTernlow::ZoomBack() {
+    if (fillsScreen_) ToggleFullScreen();
+    ShowInWindow(scale_.Factor());
+}
+
+void frmTernlow::ToggleFullScreen() {
+    fillsScreen_ = !fillsScreen_;
+    if (!fillsScreen_) {
+        showNormal();
+        ShowInWindow(windowFactor_);
+    } else {
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        showFullScreen();
+    }
+}
+
+// On a full screen the panel stands in the middle, as large as fits.
+void frmTernlow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!fillsScreen_) return;
+    const double factor = FullScreenFactor(size());
+    const PanelScale large(factor);
+    ShowAt(PanelScale(factor, QPoint((width() - large.ToPixels(WindowTwips.width())) / 2,
+                                     (height() - large.ToPixels(WindowTwips.height())) / 2)));
 }
 
 void frmTernlow::SetTabOrder() {
@@ -244,6 +331,13 @@ void frmTernlow::ConnectKeys() {
         key->setAutoRepeat(false);
         connect(key, &QShortcut::activated, controls.*row.Control, &QPushButton::click);
     }
+    const auto onKeys = [this](const char* keys, const auto& act) {
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, act);
+    };
+    for (const char* keys : {"Ctrl++", "Ctrl+="}) onKeys(keys, [this] { Zoom(true); });
+    onKeys("Ctrl+-", [this] { Zoom(false); });
+    onKeys("Ctrl+0", [this] { ZoomBack(); });
+    onKeys("F11", [this] { ToggleFullScreen(); });
 }
 
 // Nothing but the tick may ever be connected to the metronome: what holds the tick blocks the
@@ -269,7 +363,8 @@ void frmTernlow::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     for (const QRect& rect : event->region()) {
         painter.setClipRect(rect.adjusted(-1, -1, 1, 1));  // whole at any scale of the screen
-        painter.drawPixmap(0, 0, background_);
+        if (fillsScreen_) painter.fillRect(rect, Qt::black);
+        painter.drawPixmap(shown_.Corner(), background_);
     }
 }
 

@@ -22,7 +22,15 @@ public:
 
     SideWindows& Beside() { return *sideWindows_; }
 
+    // Shows the panel larger or smaller, at the factor that it has started with, or as large as the
+    // screen. What the panel computes and the coordinates that it draws in stay what they are.
+    void Zoom(bool larger);
+    void ZoomBack();
+    void ToggleFullScreen();
+    const PanelScale& Shown() const { return shown_; }
+
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool focusNextPrevChild(bool next) override;
@@ -43,13 +51,20 @@ private:
     void ConnectTimer();
     void ShowWhetherPressesWait(bool wait);
 
+    void ShowAt(const PanelScale& shown);
+    void ShowInWindow(double factor);
+    void LayOut();
+    void LayOutList();
     QFont FontOf(const PanelFont& font) const;
     template <typename Row>
     void Dress(QWidget& control, const Row& row, const QString& spokenName) const;
     template <typename... Arguments>
     auto Runs(void (*handler)(ExperimentState&, Controls&, Arguments...));
 
-    PanelScale scale_;
+    PanelScale scale_;     // that the surfaces are drawn in
+    PanelScale shown_;     // that the panel is seen at
+    double windowFactor_;  // while it does not fill the screen
+    bool fillsScreen_ = false;
     QPixmap background_;
     std::unique_ptr<SideWindows> sideWindows_;
 };
