@@ -9,6 +9,7 @@ class QPushButton;
 class QScrollBar;
 class QTimer;
 class Surface;
+struct LastRefusal;
 
 // No control is owned here and none is missing once the window stands.
 struct Controls {
@@ -86,4 +87,6 @@ struct Controls {
     QListWidget* lstGrayVariable = nullptr;
     QTimer* tmrMetronome = nullptr;
     CommonDialog* CommonDialog1 = nullptr;
+
+    LastRefusal* Refused = nullptr;  // no control: what was refused last
 };

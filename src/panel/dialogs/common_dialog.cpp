@@ -2,8 +2,10 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QUrl>
 
 #include "panel/dialogs/tick_hold.h"
+#include "panel/help/guide_place.h"
 
 namespace {
 
@@ -55,7 +57,13 @@ void CommonDialog::Run(QFileDialog& box) {
     box.setOption(QFileDialog::HideNameFilterDetails);
     box.setNameFilters(NameFilters(Filter));
     box.selectNameFilter(box.nameFilters().value(FilterIndex - 1));
-    if (!folder_.isEmpty()) box.setDirectory(folder_);
+    const QString shipped = ShippedSetUps();
+    if (!shipped.isEmpty()) box.setSidebarUrls(box.sidebarUrls() << QUrl::fromLocalFile(shipped));
+    if (!folder_.isEmpty()) {
+        box.setDirectory(folder_);
+    } else if (box.acceptMode() == QFileDialog::AcceptOpen && !shipped.isEmpty()) {
+        box.setDirectory(shipped);  // the first file that a user opens is one of these
+    }
     FileName.clear();
     if (box.exec() != QDialog::Accepted) return;
     FileName = box.selectedFiles().value(0);
