@@ -24,7 +24,8 @@ void DrawEdges(QPainter& painter, const QRect& rect, const QColor& colour) {
 void DrawFocusFrame(QPainter& painter, const QWidget& control) {
     const QColor highlight = control.palette().color(QPalette::Highlight);
     const QRect rect = control.rect();
-    DrawEdges(painter, rect, highlight);
+    DrawEdges(painter, rect, Qt::white);
     DrawEdges(painter, rect.adjusted(1, 1, -1, -1), highlight);
-    DrawEdges(painter, rect.adjusted(2, 2, -2, -2), Qt::white);
+    DrawEdges(painter, rect.adjusted(2, 2, -2, -2), highlight);
+    DrawEdges(painter, rect.adjusted(3, 3, -3, -3), Qt::white);
 }

@@ -9,7 +9,11 @@ namespace {
 
 QAccessibleInterface* PictureOf(const QString& /*className*/, QObject* object) {
     auto* const surface = dynamic_cast<Surface*>(object);
-    return surface == nullptr ? nullptr : new QAccessibleWidget(surface, QAccessible::Graphic);
+    if (surface != nullptr) return new QAccessibleWidget(surface, QAccessible::Graphic);
+    auto* const plain = qobject_cast<QWidget*>(object);
+    const bool isWindow =
+        plain != nullptr && plain->isWindow() && plain->metaObject() == &QWidget::staticMetaObject;
+    return isWindow ? new QAccessibleWidget(plain, QAccessible::Window) : nullptr;
 }
 
 }  // namespace

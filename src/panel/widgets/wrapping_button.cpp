@@ -70,8 +70,8 @@ void WrappingButton::PaintFace(QPainter& painter) const {
 void WrappingButton::PaintEdges(QPainter& painter) const {
     const QRect inner = rect().adjusted(1, 1, -1, -1);
     if (hasFocus()) {
-        DrawEdges(painter, rect(), palette().color(QPalette::Highlight));
-        DrawEdges(painter, inner, Qt::white);
+        DrawEdges(painter, rect(), Qt::white);  // against the dark ground of the panel
+        DrawEdges(painter, inner, Qt::black);   // against the white
         return;
     }
     const QColor light(255, 255, 255, 130);
