@@ -146,6 +146,8 @@ TEST(PanelLayout, HasRowsThatSayWhatTheDesignSays) {
 // What a screen reader says of every control, and nothing that has the focus sounds like another.
 TEST(PanelLayout, TellsAScreenReaderWhatEveryControlIs) {
     const frmTernlow form;
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(const_cast<frmTernlow*>(&form))->role(),
+              QAccessible::Window);
     const std::map<QString, QAccessible::Role> roles = {
         {"cmd", QAccessible::Button},     {"txt", QAccessible::EditableText},
         {"lbl", QAccessible::StaticText}, {"pct", QAccessible::Graphic},

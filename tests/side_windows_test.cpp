@@ -7,6 +7,7 @@
 
 #include "panel/help/guide_place.h"
 #include "panel/help/guide_window.h"
+#include "panel/state_window/state_window.h"
 #include "panel/window/side_windows.h"
 #include "panel_test.h"
 
@@ -72,4 +73,47 @@ TEST_F(SideWindowsTest, GuideShowsItsPictures) {
                 << qPrintable(match.captured(1));
         }
     }
+}
+
+// What a user sees is what the window tells: every control that refuses says so there.
+TEST_F(SideWindowsTest, F3TellsTheStateAndWhatWasRefused) {
+    Press("F3");
+    StateWindow& words = panel.Form().Beside().StateInWords();
+    ASSERT_TRUE(words.isVisible());
+    const auto tells = [&](const char* sentence) {
+        words.Follow();
+        return words.Text().contains(sentence);
+    };
+    EXPECT_TRUE(tells("Ready to begin at t = 0. Set-up is open.\nNothing has been refused."));
+    panel.Type("txtCourantNumber", "1.5");
+    EXPECT_TRUE(tells("Courant Number \"1.5\" was refused: it must lie above 0 and below 1."));
+    panel.Type("txtDensity", "0.5");  // takes "0." on the way
+    EXPECT_FALSE(tells("Density \""));
+    Begin();
+    panel.Tick();
+    panel.Press("cmdBoundaryConditionType");
+    EXPECT_TRUE(tells("Bdrys was refused: a run has begun: press Restart first."));
+    panel.Type("txtNPeriods", "7");
+    EXPECT_TRUE(
+        tells("Time Units to Run \"7\" was refused: a run has begun: press Restart first. "));
+    panel.Press("cmdPause");
+    EXPECT_TRUE(tells("Halted at t = "));
+    panel.Press("cmdBegin");
+    EXPECT_TRUE(tells("Begin was refused: a run has begun: press Restart first."));
+}
+
+TEST_F(SideWindowsTest, TheEndOfARunIsAnnounced) {
+    Press("F3");
+    StateWindow& words = panel.Form().Beside().StateInWords();
+    Begin();
+    panel.Tick();
+    words.Follow();
+    EXPECT_TRUE(words.Announced().startsWith("Running at t = "));
+    panel.RunToEnd();
+    words.Follow();
+    EXPECT_TRUE(words.Announced().startsWith("Ended at t = 0.2"));
+    const QString ended = words.Announced();
+    panel.Press("cmdTest2");  // changes the record, not the run
+    words.Follow();
+    EXPECT_EQ(words.Announced(), ended);
 }

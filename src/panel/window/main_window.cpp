@@ -21,6 +21,7 @@
 #include "panel/widgets/spoken_role.h"
 #include "panel/widgets/wrapping_button.h"
 #include "panel/widgets/wrapping_label.h"
+#include "panel/window/refusal_watch.h"
 #include "panel/window/screen_fit.h"
 #include "panel/window/side_windows.h"
 #include "panel/window/start_up.h"
@@ -51,6 +52,7 @@ CaptionAlignment AlignmentOf(bool isCentred) {
 frmTernlow::frmTernlow(const PanelScale& scale)
     : scale_(scale), shown_(scale), windowFactor_(scale.Factor()) {
     SpeakOfSurfacesAsPictures();
+    controls.Refused = &lastRefusal_;
     setObjectName("frmTernlow");
     setWindowTitle(WindowTitle);
     setFixedSize(scale_.ToPixels(WindowTwips.width()), scale_.ToPixels(WindowTwips.height()));
@@ -66,6 +68,7 @@ frmTernlow::frmTernlow(const PanelScale& scale)
     StackControls();
     LayOut();
 
+    WatchRefusals(*this, state, controls);
     ConnectPresses();
     ConnectBoxes();
     ConnectKeys();

@@ -7,6 +7,7 @@
 
 #include "core/model/experiment_state.h"
 #include "panel/controls.h"
+#include "panel/entry/last_refusal.h"
 #include "panel/widgets/panel_scale.h"
 #include "panel/window/panel_layout.h"
 
@@ -65,6 +66,7 @@ private:
     PanelScale shown_;     // that the panel is seen at
     double windowFactor_;  // while it does not fill the screen
     bool fillsScreen_ = false;
+    LastRefusal lastRefusal_;
     QPixmap background_;
     std::unique_ptr<SideWindows> sideWindows_;
 };
