@@ -65,3 +65,17 @@ template <typename Float>
 constexpr Float Tiny = Float(1e-30);
 template <typename Float>
 constexpr Float LargestFinite = std::numeric_limits<Float>::max();
+
+template <typename Float>
+inline Float NonNegative(Float a) {
+    return Max(a, Opaque(Float(0)));
+}
+template <typename Float>
+inline Float Clamp01(Float a) {
+    return Clamp(Opaque(Float(0)), a, Opaque(Float(1)));
+}
+// A magnitude that can be divided by.
+template <typename Float>
+inline Float Divisor(Float magnitude) {
+    return Max(magnitude, Opaque(Tiny<Float>));
+}

@@ -21,22 +21,14 @@ struct UpdateRows {
     CarriedRows<Float> Carried;
 };
 
-// The cells that a carried quantity can change in: where it is uniform it stays, to the bit.
-struct VaryingCells {
-    int First;
-    int Last;  // below First if there are none
-};
-
-// Finds them among cells 0..n+1, three cells more on either side than differ.
+// The cells 0..n+1 in which a carried quantity can change: four cells on either side of a
+// difference. Where it is uniform it stays the same to the bit.
 template <typename Float>
-VaryingCells FindVarying(const Float* a, int n) {
-    VaryingCells varying = {n + 2, -1};
-    for (int chunk = -2; chunk <= n + 3; chunk += CellsAtOnce) {
-        if (!AnyInChunk<Float>(chunk, [&](int i) { return !(a[i] == a[i - 1]); })) continue;
-        varying.First = std::min(varying.First, std::max(chunk - 4, 0));
-        varying.Last = std::min(chunk + CellsAtOnce + 2, n + 1);
-    }
-    return varying;
+CellRange FindVarying(const Float* a, int n) {
+    const auto differs = [=](int i) { return !(a[i] == a[i - 1]); };
+    const CellRange chunks = ChunksWhere<Float>(-2, n + 3, differs);
+    if (chunks.Count() == 0) return {n + 2, -1};
+    return {std::max(chunks.First - 4, 0), std::min(chunks.Last + 3, n + 1)};
 }
 
 // Shapes cells first..last, a whole number of chunks: their parabolas, and where jumps are to be
@@ -58,10 +50,8 @@ template <typename Float>
 [[gnu::always_inline]] inline Float TraceCarried(const Float* a, const CellRows<Float>& cells,
                                                  const CarriedRows<Float>& rows, Float mass,
                                                  int i) {
-    const Float zero = Opaque(Float(0));
-    const Float one = Opaque(Float(1));
-    const Float shareL = Clamp(zero, mass * cells.StepPerMass[i - 1], one);
-    const Float shareR = Clamp(zero, -mass * cells.StepPerMass[i], one);
+    const Float shareL = Clamp01(mass * cells.StepPerMass[i - 1]);
+    const Float shareR = Clamp01(-mass * cells.StepPerMass[i]);
     const Float fromLeft =
         a[i - 1] + RightPart(rows.Shape.FromLeft[i - 1], rows.Shape.ToRight[i - 1], shareL);
     const Float fromRight = a[i] + LeftPart(rows.Shape.FromLeft[i], rows.Shape.ToRight[i], shareR);
@@ -86,63 +76,55 @@ template <typename Float>
     const Float here = Select(fromLeft, l1, r1);
     const Float near = Select(fromLeft, r1, l1);
     const Float excess = Select(fromLeft, excessL, excessR);
-    const Float jump = excess / Max(Abs((here - far) + (near - here)), Opaque(Tiny<Float>));
+    const Float jump = excess / Divisor(Abs((here - far) + (near - here)));
     const Float share = Min(Abs(mass) * Select(fromLeft, perMassL, perMassR), Opaque(Float(1)));
     return traced + jump * (here + PartOfJump(far, here, near, share) - traced);
 }
 
-// Fills the values at edges first..last, a whole number of chunks. Returns how many of them lie in
-// chunks that touch a jump.
+// Fills the values at edges first..last, a whole number of chunks.
 template <bool SteepensJumps, typename Float>
-int CarryThroughEdges(const Float* a, const CellRows<Float>& cells, const EdgeFluxes<Float>& fluxes,
-                      CarriedRows<Float>& rows, int first, int last) {
-    int jumping = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const int end = chunk + CellsAtOnce;
+[[gnu::flatten]] void CarryThroughEdges(const Float* a, const CellRows<Float>& cells,
+                                        const EdgeFluxes<Float>& fluxes, CarriedRows<Float>& rows,
+                                        int first, int last, WorkDone& work) {
+    const auto trace = [&](int i) {
+        rows.EdgeValue[i] = TraceCarried(a, cells, rows, fluxes.Mass[i], i);
+    };
+    if constexpr (SteepensJumps) {
         const auto touchesJump = [&](int i) {
             return Max(rows.JumpExcess[i - 1], rows.JumpExcess[i]) > Float(0);
         };
-        if (SteepensJumps && AnyInChunk<Float>(chunk, touchesJump)) {
-            jumping += CellsAtOnce;
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) {
-                const Float mass = fluxes.Mass[i];
-                const Float traced = TraceCarried(a, cells, rows, mass, i);
-                rows.EdgeValue[i] = SteepenCarried(a, cells, rows, mass, traced, i);
-            }
-        } else {
-#pragma omp simd
-            for (int i = chunk; i < end; ++i)
-                rows.EdgeValue[i] = TraceCarried(a, cells, rows, fluxes.Mass[i], i);
-        }
+        const auto steepen = [&](int i) {
+            const Float mass = fluxes.Mass[i];
+            const Float traced = TraceCarried(a, cells, rows, mass, i);
+            rows.EdgeValue[i] = SteepenCarried(a, cells, rows, mass, traced, i);
+        };
+        work.Add(Work::CarriedJump,
+                 RunWhereNeeded<Float>(first, last, touchesJump, steepen, trace));
+    } else {
+        ForEachChunk(first, last, [&](int chunk) {
+            RunChunk(chunk, trace);
+            return 0;
+        });
     }
-    return jumping;
 }
-
-// Cost of a cell where a carried quantity varies, where jumps are looked for, and where it has one.
-constexpr CellCost CarriedCost = {30, 26, 1, 23, 0};
-constexpr CellCost JumpSearchCost = {5, 1, 0, 4, 0};
-constexpr CellCost CarriedJumpCost = {11, 3, 3, 11, 0};
 
 // New values of cells 1..cells of the carried quantity a; what is conserved is its product with the
 // density.
 template <bool SteepensJumps, typename Float>
 void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRows<Float>& cells,
                    const EdgeFluxes<Float>& fluxes, const Row<Float>& newRho,
-                   CarriedRows<Float>& rows, Float* result, int* counters) {
+                   CarriedRows<Float>& rows, Float* result, WorkDone& work) {
     const int n = strip.Cells;
     std::copy_n(a + 1, n, result + 1);
-    const VaryingCells varying = FindVarying(a, n);
-    if (varying.Last < varying.First) return;
+    const CellRange varying = FindVarying(a, n);
+    if (varying.Count() == 0) return;
     const int first = varying.First;
     const int last = PaddedLast(first, varying.Last);
-    const int worked = std::min(last + 1 - first, n);
+    work.Add(Work::Carried, last + 1 - first);
+    if (SteepensJumps) work.Add(Work::JumpSearch, last + 1 - first);
     ShapeCarried<SteepensJumps>(a, rows, first, last);
     rows.JumpExcess[first - 1] = Float(0);  // beyond what varies
-    const int jumping = CarryThroughEdges<SteepensJumps>(a, cells, fluxes, rows, first, last);
-    CountOperations(CarriedCost, worked, counters);
-    if (SteepensJumps) CountOperations(JumpSearchCost, worked, counters);
-    CountOperations(CarriedJumpCost, std::min(jumping, n), counters);
+    CarryThroughEdges<SteepensJumps>(a, cells, fluxes, rows, first, last, work);
     const int lastCell = std::min(varying.Last - 1, n);
 #pragma omp simd
     for (int i = first + 1; i <= lastCell; ++i) {
@@ -152,13 +134,13 @@ void UpdateCarried(const StripState<Float>& strip, const Float* a, const CellRow
     }
 }
 
-// The same for both quantities, jumps being steepened.
+// The same for both quantities, with jumps steepened.
 template <typename Float>
 void UpdateBothCarried(const StripState<Float>& strip, const CellRows<Float>& cells,
                        const EdgeFluxes<Float>& fluxes, UpdateRows<Float>& after,
-                       const StripResult<Float>& result, int* counters) {
+                       const StripResult<Float>& result, WorkDone& work) {
     UpdateCarried<true>(strip, strip.Uy, cells, fluxes, after.Next.Rho, after.Carried, result.Uy,
-                        counters);
+                        work);
     UpdateCarried<true>(strip, strip.Smoke, cells, fluxes, after.Next.Rho, after.Carried,
-                        result.Smoke, counters);
+                        result.Smoke, work);
 }

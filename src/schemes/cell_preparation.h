@@ -1,4 +1,4 @@
-// What all kernels need to know of each cell.
+// What all kernels need to know about each cell.
 #pragma once
 
 #include "schemes/arithmetic.h"
@@ -14,8 +14,8 @@ struct CellRows {
     Row<Float> PerImpedance;
 };
 
-// The Courant number of cells 1..n; the largest number there is if one of theirs is none. The order
-// in which they are compared does not show.
+// The Courant number of cells 1..n; the largest finite float if any cell's is NaN. The order of the
+// comparisons does not show in the result.
 template <typename Float>
 Float CourantNumber(const CellRows<Float>& cells, int n) {
     Float largest = Float(0);

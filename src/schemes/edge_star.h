@@ -3,6 +3,11 @@
 
 #include "schemes/arithmetic.h"
 
+// The pressure between two waves is at least this share of the lower one beside them. It keeps
+// Newton's method away from 0; found by trial, far below what any resolved rarefaction leaves.
+template <typename Float>
+constexpr Float LeastStar = Float(1e-6);
+
 // The gas on one side of an edge. Z is its density times its sound speed.
 template <typename Float>
 struct EdgeSide {
@@ -61,7 +66,7 @@ template <typename Float>
     const Float ram =
         Float(0.25) * halfPlus * (left.Rho * right.Rho * (perSums * sumZ)) * (closing * closing);
     const Float collision = base + (ram + Sqrt(ram * ram + linear * linear));
-    const Float lowest = Float(1e-6) * Min(left.P, right.P);
+    const Float lowest = LeastStar<Float> * Min(left.P, right.P);
     const Float guess = Max(Select(closing > Float(0), collision, acoustic), lowest);
 
     // One step of Newton's method: the velocities behind the two waves come together.

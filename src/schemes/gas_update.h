@@ -3,33 +3,25 @@
 
 #include <algorithm>
 
-#include "schemes/operation_counts.h"
 #include "schemes/positivity.h"
-
-// Cost of a cell where failures have to be mended.
-constexpr CellCost MendingCost = {33, 26, 3, 5, 0};
-
-// Cost of a cell in the look for a quiet block, and in one.
-constexpr CellCost QuietSearchCost = {3, 0, 0, 2, 0};
-constexpr CellCost QuietCost = {0, 1, 0, 0, 0};
 
 // Whether the gas of a block is the same in every cell, neighbours included. It then stays as it
 // is, to the bit.
 template <typename Float>
-bool IsQuiet(StripState<Float> strip, int* counters) {
+bool IsQuiet(StripState<Float> strip, WorkDone& work) {
     const int n = strip.Cells;
     const Float* rho = strip.Rho;
     const Float* p = strip.P;
     const Float* u = strip.Ux;
-    for (int chunk = 2 - NeighbourCells; chunk <= n + NeighbourCells; chunk += CellsAtOnce) {
-        CountOperations(QuietSearchCost, std::clamp(n + 1 - chunk, 0, CellsAtOnce), counters);
-        const auto differs = [=](int i) {
-            const Float waves = Max(Abs(p[i] - p[i - 1]), Abs(u[i] - u[i - 1]));
-            return Max(waves, Abs(rho[i] - rho[i - 1])) > Float(0);
-        };
-        if (AnyInChunk<Float>(chunk, differs)) return false;
-    }
-    return true;
+    const auto differs = [=](int i) {
+        const Float waves = Max(Abs(p[i] - p[i - 1]), Abs(u[i] - u[i - 1]));
+        return Max(waves, Abs(rho[i] - rho[i - 1])) > Float(0);
+    };
+    const int first = 2 - NeighbourCells;
+    const int last = n + NeighbourCells;
+    const int found = FirstChunkWhere<Float>(first, last, differs);
+    work.Add(Work::QuietSearch, found + CellsAtOnce - first);
+    return found > last;
 }
 
 // The outcome of a step for a quiet block, and the mass that passes through its edges 0..n+2.
@@ -49,12 +41,12 @@ void KeepGas(const StripState<Float>& strip, EdgeFluxes<Float>& fluxes, NewState
 template <typename Float>
 bool UpdateGas(const StripState<Float>& strip, const CellRows<Float>& cells, Float gamma,
                EdgeFluxes<Float>& fluxes, NewState<Float>& next, Row<Float>& failed,
-               int* counters) {
+               WorkDone& work) {
     const int n = strip.Cells;
     UpdateCells(strip, cells, fluxes, gamma, next, -1, PaddedLast(-1, n + 2));
     for (int pass = 0; pass < 2; ++pass) {
-        if (!MarkFailures(strip, next, failed, pass - 1, n + 2 - pass, counters)) return pass > 0;
-        CountOperations(MendingCost, n, counters);
+        if (!MarkFailures(strip, next, failed, pass - 1, n + 2 - pass, work)) return pass > 0;
+        work.Add(Work::Mending, n);
         UseFirstOrderFluxes(strip, cells, failed, gamma, fluxes, pass, n + 2 - pass);
         UpdateCells(strip, cells, fluxes, gamma, next, pass, n + 1 - pass);
     }

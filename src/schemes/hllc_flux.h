@@ -43,7 +43,7 @@ void HllcFluxes(const EdgeStates<Float>& states, Float gamma, EdgeFluxes<Float>&
         const Float soundOfFaster = Sqrt(gamma * (pFast * (perSums * sumRho)));
         const Float soundOfBoth = Sqrt(gamma * ((pL + pR) * perSumRho));
         const Float closing = uL - uR;
-        const Float meeting = Max(closing, Opaque(Float(0)));
+        const Float meeting = NonNegative(closing);
         const Float usual = Max(soundOfBoth + half * (strong * meeting), soundOfFaster);
 
         // The velocity that waves of that speed leave between them, as changes on the two sides.

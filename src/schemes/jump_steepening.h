@@ -5,8 +5,23 @@
 #pragma once
 
 #include "schemes/arithmetic.h"
+#include "schemes/operation_counts.h"
 #include "schemes/parabola.h"
 #include "schemes/strip.h"
+
+// A cell holds a jump by the share JumpGain (third difference / (6 first difference) - JumpOnset),
+// cut to 0..1. J. Comput. Phys. 54, 174 (1984), eq. (1.16).
+constexpr double JumpGain = 20.0;
+constexpr double JumpOnset = 0.05;
+static_assert(JumpGain * JumpOnset == 1.0);  // spares the kernels a product
+// At a contact the density differs over two cells by more than this share of its lower value. Same
+// source, eq. (1.16), which has 0.01; found by trial, 0.05 to 0.15 work.
+template <typename Float>
+constexpr Float ContactRise = Float(0.1);
+// And the pressure by less than this share. Found by trial: below 0.03 contacts spread wherever
+// waves run through them and are swept together again afterwards; from 0.06 on gas is heaped up.
+template <typename Float>
+constexpr Float ContactPressureJump = Float(0.04);
 
 // How far a cell holds a jump rather than a smooth slope, by the size of the third difference
 // against the first. J. Comput. Phys. 54, 174 (1984), eqs. (1.15) and (1.16).
@@ -19,10 +34,10 @@ struct Jump {
         const Float rise = d.Second + d.Third;
         const Float bendLeft = Along(d.Second - d.First, rise);
         const Float bendRight = Along(d.Fourth - d.Third, rise);
-        Size = ::Abs(rise);
-        // 20 (third / (6 size) - 0.05), cut to 0..1
+        Size = Abs(rise);
         const Float third = bendLeft - bendRight;
-        const Float raw = Clamp(Opaque(Float(0)), Float(20.0 / 6.0) * third - Size, Size);
+        const Float excess = Float(JumpGain / 6.0) * third - Size;
+        const Float raw = Min(NonNegative(excess), Size);
         const bool turning = (bendLeft > Float(0)) & (bendRight < Float(0));
         const bool rising = (Along(d.Second, rise) > Float(0)) & (Along(d.Third, rise) > Float(0));
         Excess = Select(turning & rising, raw, Float(0));
@@ -33,49 +48,43 @@ struct Jump {
                                   a[i + 2] - a[i + 1]}) {}
     [[gnu::always_inline]] bool IsOne() const { return Excess > Float(0); }
     // 0 to 1
-    [[gnu::always_inline]] Float Share() const { return Excess / Max(Size, Opaque(Tiny<Float>)); }
+    [[gnu::always_inline]] Float Share() const { return Excess / Divisor(Size); }
 };
 
-// Whether the density beside cell i differs by more than a tenth, as it must at a contact. Most
-// chunks are done with once this has been looked at.
+// Whether the density beside cell i differs enough for a contact. Cheap and necessary: most chunks
+// need no further test.
 template <typename Float>
 [[gnu::always_inline]] inline bool IsSteep(const Float* rho, int i) {
-    return Abs(rho[i + 1] - rho[i - 1]) > Float(0.1) * Min(rho[i + 1], rho[i - 1]);
+    return Abs(rho[i + 1] - rho[i - 1]) > ContactRise<Float> * Min(rho[i + 1], rho[i - 1]);
 }
 
-// Whether a jump of density in cell i is a contact: the density differs by more than a tenth and
-// the pressure by less than a twenty-fifth. A closer match would leave contacts to spread wherever
-// waves run through them, and to be swept together again afterwards.
+// Whether a jump of density in cell i is a contact rather than a shock.
 template <typename Float>
 [[gnu::always_inline]] inline bool IsContact(const StripState<Float>& strip, int i) {
     const Float* p = strip.P;
     const Float pressureJump = Abs(p[i + 1] - p[i - 1]);
-    return (pressureJump < Float(0.04) * Min(p[i + 1], p[i - 1])) & IsSteep(strip.Rho, i);
+    return (pressureJump < ContactPressureJump<Float> * Min(p[i + 1], p[i - 1])) &
+           IsSteep(strip.Rho, i);
 }
 
-// How many cells lay in chunks that were looked at more closely, and in chunks that hold a contact.
-struct ContactWork {
-    int Suspect;
-    int Steepened;
-};
-
-// Calls steepen(i) for all cells i of those chunks among cells first..last that hold a jump of
-// density for which isContact(i).
+// Calls steepen(i) for all cells of the chunks among cells first..last that hold a jump of density
+// for which isContact(i).
 template <typename Float, typename Test, typename Steepen>
-[[gnu::always_inline]] inline ContactWork ForChunksWithContacts(const Float* rho, int first,
-                                                                int last, Test isContact,
-                                                                Steepen steepen) {
-    ContactWork work = {0, 0};
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        if (!AnyInChunk<Float>(chunk, [=](int i) { return IsSteep(rho, i); })) continue;
-        work.Suspect += CellsAtOnce;
-        const auto holdsContact = [&](int i) { return isContact(i) & Jump<Float>(rho, i).IsOne(); };
-        if (!AnyInChunk<Float>(chunk, holdsContact)) continue;
-        work.Steepened += CellsAtOnce;
-#pragma omp simd
-        for (int i = chunk; i < chunk + CellsAtOnce; ++i) steepen(i);
-    }
-    return work;
+[[gnu::always_inline]] inline void RunWhereContacts(const Float* rho, int first, int last,
+                                                    Test isContact, Steepen steepen,
+                                                    WorkDone& work) {
+    const auto isSteep = [=](int i) { return IsSteep(rho, i); };
+    const auto holdsContact = [&](int i) { return isContact(i) & Jump<Float>(rho, i).IsOne(); };
+    int contacts = 0;
+    work.Add(Work::SteepDensity, ForEachChunk(first, last, [&](int chunk) {
+                 if (!AnyInChunk<Float>(chunk, isSteep)) return 0;
+                 if (AnyInChunk<Float>(chunk, holdsContact)) {
+                     RunChunk(chunk, steepen);
+                     contacts += CellsAtOnce;
+                 }
+                 return CellsAtOnce;
+             }));
+    work.Add(Work::Contact, contacts);
 }
 
 // The average, less the cell's own, over the share nu of a cell that holds a jump, next to its edge
@@ -83,9 +92,9 @@ template <typename Float, typename Test, typename Steepen>
 template <typename Float>
 [[gnu::always_inline]] inline Float PartOfJump(Float far, Float here, Float near, Float nu) {
     const Float rise = near - far;
-    const Float safeRise = CopySign(Max(Abs(rise), Opaque(Tiny<Float>)), rise);
+    const Float safeRise = CopySign(Divisor(Abs(rise)), rise);
     const Float filled = (here - far) / safeRise;
     // At most the share itself: a cell that holds no jump may be less than empty, by any amount.
-    const Float past = Min(Max(nu - filled, Opaque(Float(0))), nu) / Max(nu, Opaque(Tiny<Float>));
+    const Float past = Min(NonNegative(nu - filled), nu) / Divisor(nu);
     return (near - here) - rise * past;
 }

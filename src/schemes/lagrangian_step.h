@@ -8,6 +8,23 @@
 #include "schemes/riemann_solver.h"
 #include "schemes/strip.h"
 
+// Second differences that agree within this factor are smooth and not limited. Found by trial.
+template <typename Float>
+constexpr Float SmoothBends = Float(2);
+// The least share of a cell's density and pressure that the sides of its edges keep, and the
+// largest multiple of the density. They bound the sound-wave relation in strong waves. Found by
+// trial.
+template <typename Float>
+constexpr Float LeastBeside = Float(0.1);
+template <typename Float>
+constexpr Float LargestBeside = Float(3);
+// The shares of its width and its pressure that a moved cell keeps at least. The step is too long
+// where they matter, and the result is mended later.
+template <typename Float>
+constexpr Float LeastWidth = Float(0.05);
+template <typename Float>
+constexpr Float LeastPressure = Float(0.001);
+
 // Fills what is known of cells first..last before the step, all but PerImpedance, and returns the
 // Courant number of cells 1..n. Streams that part in a near vacuum leave values here whose products
 // no 32-bit float can hold, so that each is divided by alone.
@@ -49,7 +66,7 @@ struct CutSlope {
 
     [[gnu::always_inline]] CutSlope(Float a, Float b, Float mean) {
         const Float two = Float(2);
-        Rising = Max(Min(mean, two * Min(a, b)), Opaque(Float(0)));
+        Rising = NonNegative(Min(mean, two * Min(a, b)));
         Falling = Min(Max(mean, two * Max(a, b)), Opaque(Float(0)));
     }
     [[gnu::always_inline]] Float Signed() const { return Rising + Falling; }
@@ -74,7 +91,7 @@ struct EdgeCubic {
         const Float bendRight = right - across;
         const Float alike = Along(bendRight, bendLeft);
         const Float size = Abs(bendLeft);
-        const bool smooth = Max(alike, size) <= Float(2) * Min(alike, size);
+        const bool smooth = Max(alike, size) <= SmoothBends<Float> * Min(alike, size);
 
         const Float meanLeft = half * (left + across);
         const Float meanRight = half * (across + right);
@@ -105,7 +122,7 @@ template <typename Float>
     const Float half = Float(0.5);
     const Float delay = Float(2.0 / 3.0) * stepPerWidth * (half * riseU + riseC);
     const Float share = (soundSpeed + half * riseC) * stepPerWidth * (Float(1) - delay);
-    return Clamp(Opaque(Float(0)), share, Opaque(Float(1)));
+    return Clamp01(share);
 }
 
 // The states beside the edges, averaged over the part of the cells from which sound reaches the
@@ -139,17 +156,12 @@ void TraceSound(const StripState<Float>& strip, const CellRows<Float>& cells,
     }
 }
 
-// Whether the two sides of an edge are so close that sound waves are solution enough: the error is
-// of second order in the jump, two parts in a hundred thousand of the pressure.
+// Whether sound waves solve edge i well enough.
 template <typename Float>
 [[gnu::always_inline]] inline bool IsWeakEdge(const StripState<Float>& strip,
                                               const SoundStates<Float>& states, int i) {
-    const Float tolerance = Float(0.01);
-    const Float least = tolerance * Min(states.PLeft[i], states.PRight[i]);
-    const Float closing = states.UxLeft[i] - states.UxRight[i];
-    const Float jump = Abs(states.PLeft[i] - states.PRight[i]) - least;
-    const Float ram = Max(strip.Rho[i - 1], strip.Rho[i]) * (closing * closing);
-    return Max(jump, ram - tolerance * least) <= Float(0);
+    return IsWeakJump(states.PLeft[i], states.UxLeft[i], states.PRight[i], states.UxRight[i],
+                      Max(strip.Rho[i - 1], strip.Rho[i]));
 }
 
 // By sound waves in the gas of the two cells.
@@ -174,8 +186,8 @@ template <typename Float>
     const Float one = Float(1);
     const Float halfPlus = half * (gamma + one);
     const Float halfMinus = half * (gamma - one);
-    const Float least = Opaque(Float(0.1));
-    const Float most = Opaque(Float(3));
+    const Float least = Opaque(LeastBeside<Float>);
+    const Float most = Opaque(LargestBeside<Float>);
     const Float cellRhoL = strip.Rho[i - 1];
     const Float cellRhoR = strip.Rho[i];
     const Float cellPL = strip.P[i - 1];
@@ -197,41 +209,29 @@ template <typename Float>
     return {Select(met.AcousticP < zero, zero, met.P), met.Ux, met.AcousticP};
 }
 
-// Solves the Riemann problems at edges first..last, a whole number of chunks. Returns how many of
-// them lie in chunks that are not weak throughout.
+// Solves the Riemann problems at edges first..last, a whole number of chunks.
 template <typename Float>
-int MoveEdges(StripState<Float> strip, const CellRows<Float>& cells,
-              const SoundStates<Float>& states, Float gamma, EdgeMotion<Float>& motion, int first,
-              int last) {
-    int strong = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const int end = chunk + CellsAtOnce;
-        if (AnyInChunk<Float>(chunk, [&](int i) { return !IsWeakEdge(strip, states, i); })) {
-            strong += CellsAtOnce;
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) {
-                const bool weak = IsWeakEdge(strip, states, i);
-                const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
-                const EdgeStar<Float> b = MoveStrongEdge(strip, cells, states, gamma, i);
-                motion.P[i] = Select(weak, a.P, b.P);
-                motion.Ux[i] = Select(weak, a.Ux, b.Ux);
-            }
-        } else {
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) {
-                const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
-                motion.P[i] = a.P;
-                motion.Ux[i] = a.Ux;
-            }
-        }
-    }
-    return strong;
+[[gnu::flatten]] void MoveEdges(StripState<Float> strip, const CellRows<Float>& cells,
+                                const SoundStates<Float>& states, Float gamma,
+                                EdgeMotion<Float>& motion, int first, int last, WorkDone& work) {
+    const auto isStrong = [&](int i) { return !IsWeakEdge(strip, states, i); };
+    const auto move = [&](int i) {
+        const bool weak = IsWeakEdge(strip, states, i);
+        const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
+        const EdgeStar<Float> b = MoveStrongEdge(strip, cells, states, gamma, i);
+        motion.P[i] = Select(weak, a.P, b.P);
+        motion.Ux[i] = Select(weak, a.Ux, b.Ux);
+    };
+    const auto moveWeak = [&](int i) {
+        const EdgeStar<Float> a = MoveWeakEdge(cells, states, i);
+        motion.P[i] = a.P;
+        motion.Ux[i] = a.Ux;
+    };
+    work.Add(Work::StrongEdge, RunWhereNeeded<Float>(first, last, isStrong, move, moveWeak));
 }
 
 // Moves cells first..last between their edges. Each is seen by an observer who moves with the gas
-// that it held: momentum and energy then enter as differences from rest. What a step that is too
-// long does to them is made good later; here a cell keeps a twentieth of its width and a thousandth
-// of its pressure.
+// that it held: momentum and energy then enter as differences from rest.
 template <typename Float>
 void MoveCells(const StripState<Float>& strip, const CellRows<Float>& cells,
                const EdgeMotion<Float>& motion, Float gamma, MovedCells<Float>& moved, int first,
@@ -248,14 +248,14 @@ void MoveCells(const StripState<Float>& strip, const CellRows<Float>& cells,
         const Float pR = push[i + 1];
         const Float driftL = u[i] - strip.Ux[i];
         const Float driftR = u[i + 1] - strip.Ux[i];
-        const Float width = Max(one + ratio * (u[i + 1] - u[i]), Opaque(Float(0.05)));
+        const Float width = Max(one + ratio * (u[i + 1] - u[i]), Opaque(LeastWidth<Float>));
         const Float perWidth = one / width;
         const Float momentum = ratio * (pL - pR);
         const Float change = cells.StepPerMass[i] * (pL - pR);
         const Float work = ratio * (pL * driftL - pR * driftR);
         const Float heat = strip.P[i] + gammaLess * (work - half * (momentum * change));
         moved.Rho[i] = perWidth * strip.Rho[i];
-        moved.P[i] = Max(perWidth * heat, Float(0.001) * strip.P[i]);
+        moved.P[i] = Max(perWidth * heat, LeastPressure<Float> * strip.P[i]);
         moved.Ux[i] = strip.Ux[i] + change;
         moved.StepPerWidth[i] = ratio * perWidth;
     }

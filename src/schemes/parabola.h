@@ -12,6 +12,11 @@ struct Parabolas {
     Row<Float> ToRight;
 };
 
+// Second differences that agree within this factor are smooth and not limited. The idea is that of
+// J. Comput. Phys. 227, 7069 (2008); found by trial.
+template <typename Float>
+constexpr Float SmoothRatio = Float(1.5);
+
 // The differences between one cell and the next around a cell on a grid of equal widths: First is
 // from the second cell on the left to the first, Fourth from the first on the right to the second.
 template <typename Float>
@@ -19,15 +24,14 @@ struct Differences {
     Float First, Second, Third, Fourth;
 
     // Whether the second differences of the cell and both neighbours have one sign and agree within
-    // a factor of 1.5. Such data are smooth and need no limits, so that crests keep their height;
-    // the idea is that of J. Comput. Phys. 227, 7069 (2008).
+    // SmoothRatio. Such data need no limits, so that crests keep their height.
     [[gnu::always_inline]] bool AreSmooth() const {
         const Float here = Third - Second;
         const Float left = Along(Second - First, here);
         const Float right = Along(Fourth - Third, here);
         const Float least = Min(Min(left, right), Abs(here));
         const Float most = Max(Max(left, right), Abs(here));
-        return most <= Float(1.5) * least;
+        return most <= SmoothRatio<Float> * least;
     }
     // The rises of the parabola through the edge values of fourth order.
     [[gnu::always_inline]] Float SmoothFromLeft() const {
@@ -44,7 +48,6 @@ struct Differences {
 template <typename Float>
 [[gnu::always_inline]] inline void LimitedParabola(const Differences<Float>& d, Float& fromLeft,
                                                    Float& toRight) {
-    const Float zero = Opaque(Float(0));
     const Float half = Float(0.5);
     const Float two = Float(2);
     const Float sixth = Float(1.0 / 6.0);
@@ -56,14 +59,14 @@ template <typename Float>
     const Float along3 = Along(d.Third, rise);
     const Float along4 = Along(d.Fourth, rise);
     // Slopes: the mean of two differences, but at most twice the smaller, and 0 at an extremum.
-    const Float slopeLeft = Max(Min(half * (along1 + along2), two * Min(along1, along2)), zero);
+    const Float slopeLeft = NonNegative(Min(half * (along1 + along2), two * Min(along1, along2)));
     const Float slopeHere = Min(half * Abs(rise), two * Min(along2, along3));
-    const Float slopeRight = Max(Min(half * (along3 + along4), two * Min(along3, along4)), zero);
+    const Float slopeRight = NonNegative(Min(half * (along3 + along4), two * Min(along3, along4)));
     const Float below = half * along2 + sixth * (slopeHere - slopeLeft);
     const Float above = half * along3 - sixth * (slopeRight - slopeHere);
     // Monotone: neither part more than twice the other.
-    const Float belowCut = Along(Max(Min(below, two * above), zero), rise);
-    const Float aboveCut = Along(Max(Min(above, two * below), zero), rise);
+    const Float belowCut = Along(NonNegative(Min(below, two * above)), rise);
+    const Float aboveCut = Along(NonNegative(Min(above, two * below)), rise);
     const bool smooth = d.AreSmooth();
     fromLeft = Select(smooth, d.SmoothFromLeft(), belowCut);
     toRight = Select(smooth, d.SmoothToRight(), aboveCut);

@@ -7,30 +7,29 @@
 #include "schemes/conservative_update.h"
 #include "schemes/operation_counts.h"
 
-// Cost of a cell in the look for failures, and in marking them.
-constexpr CellCost LookCost = {0, 2, 0, 4, 0};
-constexpr CellCost MarkingCost = {0, 2, 0, 5, 0};
+// A cell must keep at least this share of the least density and pressure that it and its neighbours
+// hold. Far below what any wave leaves behind that is resolved; found by trial, 1e-4 to 1e-2 work.
+template <typename Float>
+constexpr Float LeastKept = Float(0.001);
 
-// A cell fails that would lose all but a thousandth of what it and its neighbours hold at least; a
-// value that is no number fails too.
+// Whether cell i would keep less than it must, or is NaN.
 template <typename Float>
 inline bool Fails(const Float* old, Float now, int i) {
     const Float least = Min(old[i], Min(old[i - 1], old[i + 1]));
-    return !(now > Float(0.001) * least) | !(now <= Opaque(LargestFinite<Float>));
+    return !(now > LeastKept<Float> * least) | !(now <= Opaque(LargestFinite<Float>));
 }
 
 // Tells whether any of cells first..last failed, and if so marks those that did with 1, the others
 // with 0.
 template <typename Float>
 bool MarkFailures(StripState<Float> strip, const NewState<Float>& next, Row<Float>& failed,
-                  int first, int last, int* counters) {
-    const int cells = std::min(last + 1 - first, strip.Cells);
+                  int first, int last, WorkDone& work) {
     const auto fails = [&](int i) {
         return Fails(strip.Rho, next.Rho[i], i) | Fails(strip.P, next.P[i], i);
     };
-    CountOperations(LookCost, cells, counters);
+    work.Add(Work::FailureSearch, last + 1 - first);
     if (!Any<Float>(first, last, fails)) return false;
-    CountOperations(MarkingCost, cells, counters);
+    work.Add(Work::Marking, last + 1 - first);
 #pragma omp simd
     for (int i = first; i <= last; ++i) failed[i] = Select(fails(i), Float(1), Float(0));
     return true;
@@ -73,13 +72,14 @@ void UseFirstOrderFluxes(const StripState<Float>& strip, const CellRows<Float>& 
     }
 }
 
-// Hands cells 1..cells over. If some were mended, those that fail even now keep their old state;
-// the return value is then 1, a Courant number at which no caller takes the step, and otherwise 0.
+// Writes cells 1..Cells of the result. If some were mended, those that fail even so keep their old
+// state, and the return value is 1, a Courant number at which no caller takes the step; otherwise
+// 0.
 template <typename Float>
 Float HandOver(const StripState<Float>& strip, const NewState<Float>& next, bool mended,
-               Row<Float>& failed, const StripResult<Float>& result, int* counters) {
+               Row<Float>& failed, const StripResult<Float>& result, WorkDone& work) {
     const int n = strip.Cells;
-    const bool keepsAny = mended && MarkFailures(strip, next, failed, 1, n, counters);
+    const bool keepsAny = mended && MarkFailures(strip, next, failed, 1, n, work);
     if (!keepsAny) {
         std::copy_n(&next.Rho[1], n, result.Rho + 1);
         std::copy_n(&next.P[1], n, result.P + 1);

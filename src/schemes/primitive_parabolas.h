@@ -7,6 +7,14 @@
 #include "schemes/parabola.h"
 #include "schemes/strip.h"
 
+// Data are smooth at an edge if the third difference is at most this share of the sum of the two
+// second differences beside it, which then agree within a factor of 1.5. Found by trial.
+template <typename Float>
+constexpr Float SmoothShare = Float(0.2);
+// A jump is mostly a contact if the relative difference of pressure is below this times gamma times
+// that of density. J. Comput. Phys. 54, 174 (1984), eq. (3.2).
+template <typename Float>
+constexpr Float MostlyContact = Float(0.1);
 // A cell is squeezed if its pressure is this many times that of either neighbour, in a compression.
 // Found by trial: from 1.05 to 2 the results agree within a few per cent; at 1 the ripples of
 // strong shocks count too, and everything with a shock loses a fifth.
@@ -75,7 +83,7 @@ void InterpolateEdges(const Float* a, RoughParabolas<Float>& parabolas, int firs
         fromLeft[i] = middle + unlimited;
         limitedRight[i - 1] = middle - limited;
         limitedLeft[i] = middle + limited;
-        smoothEdge[i] = Select(Abs(turn) <= Float(0.2) * Abs(bends), Float(1), Float(0));
+        smoothEdge[i] = Select(Abs(turn) <= SmoothShare<Float> * Abs(bends), Float(1), Float(0));
     }
     // The cell behind the last edge, where padded kernels look too.
     toRight[end] = limitedRight[end] = smoothEdge[end + 1] = Float(0);
@@ -93,8 +101,8 @@ template <typename Float>
     const Float leastRho = Min(rho[i + 1], rho[i - 1]);
     const Float pressureJump = Abs(p[i + 1] - p[i - 1]);
     const Float leastP = Min(p[i + 1], p[i - 1]);
-    return (pressureJump * leastRho < Float(0.1) * gamma * (rise * leastP)) &
-           (rise > Float(0.1) * leastRho);
+    return (pressureJump * leastRho < MostlyContact<Float> * gamma * (rise * leastP)) &
+           (rise > ContactRise<Float> * leastRho);
 }
 
 // Gives the densities at the edges of cells that hold a contact what the neighbours expect there
@@ -102,8 +110,9 @@ template <typename Float>
 // the jump is above one half: a smooth slope that shows less is left alone. Cells first..last, a
 // whole number of chunks.
 template <typename Float>
-ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas<Float>& density,
-                            int first, int last) {
+[[gnu::flatten]] void SteepenContacts(StripState<Float> strip, Float gamma,
+                                      RoughParabolas<Float>& density, int first, int last,
+                                      WorkDone& work) {
     const Float* rho = strip.Rho;
     const Float* halfSlope = density.HalfSlope.Origin();
     Float* fromLeft = density.Limited.FromLeft.Origin();
@@ -118,7 +127,7 @@ ContactWork SteepenContacts(StripState<Float> strip, Float gamma, RoughParabolas
         fromLeft[i] = fromLeft[i] + part * (below - fromLeft[i]);
         toRight[i] = toRight[i] + part * (above - toRight[i]);
     };
-    return ForChunksWithContacts(rho, first, last, isContact, steepen);
+    RunWhereContacts(rho, first, last, isContact, steepen, work);
 }
 
 // By how much the pressure of cell i tops that of both neighbours: above 0 in a cell that two
@@ -141,39 +150,29 @@ template <typename Float>
 }
 
 // Makes the parabolas of cells in thin shocks less steep, and flat those of squeezed cells, among
-// cells first..last, a whole number of chunks. Returns how many of them lie in chunks that hold
-// either.
+// cells first..last, a whole number of chunks.
 template <typename Float>
-int FlattenShocks(StripState<Float> strip, RoughParabolas<Float>& density,
-                  RoughParabolas<Float>& velocity, RoughParabolas<Float>& pressure, int first,
-                  int last) {
+[[gnu::flatten]] void FlattenShocks(StripState<Float> strip, RoughParabolas<Float>& density,
+                                    RoughParabolas<Float>& velocity,
+                                    RoughParabolas<Float>& pressure, int first, int last,
+                                    WorkDone& work) {
     const Float* p = strip.P;
     const Float* u = strip.Ux;
     const auto isFlattened = [=](int i) {
         return Min(u[i - 1] - u[i + 1], Max(SqueezeExcess(p, i), ThinRiseExcess(p, i))) > Float(0);
     };
-    int flattened = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        if (!AnyInChunk<Float>(chunk, isFlattened)) continue;
-        flattened += CellsAtOnce;
-        Float steepness[CellsAtOnce];
-#pragma omp simd
-        for (int i = 0; i < CellsAtOnce; ++i) {
-            const Float reduced =
-                Select(SqueezeExcess(p, chunk + i) > Float(0), Float(0), ThinShockSteepness<Float>);
-            steepness[i] = Select(isFlattened(chunk + i), reduced, Float(1));
-        }
+    const auto flatten = [&](int i) {
+        const Float reduced =
+            Select(SqueezeExcess(p, i) > Float(0), Float(0), ThinShockSteepness<Float>);
+        const Float steepness = Select(isFlattened(i), reduced, Float(1));
         for (RoughParabolas<Float>* rough : {&density, &velocity, &pressure}) {
             for (Parabolas<Float>* form : {&rough->Limited, &rough->Unlimited}) {
-#pragma omp simd
-                for (int i = 0; i < CellsAtOnce; ++i) {
-                    form->FromLeft[chunk + i] = steepness[i] * form->FromLeft[chunk + i];
-                    form->ToRight[chunk + i] = steepness[i] * form->ToRight[chunk + i];
-                }
+                form->FromLeft[i] = steepness * form->FromLeft[i];
+                form->ToRight[i] = steepness * form->ToRight[i];
             }
         }
-    }
-    return flattened;
+    };
+    work.Add(Work::Shock, RunWhereNeeded<Float>(first, last, isFlattened, flatten));
 }
 
 // The rises of cell i: of its limited form, made monotone (eq. 1.10 there), or of the unlimited one

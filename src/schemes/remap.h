@@ -6,6 +6,16 @@
 #include "schemes/lagrangian_step.h"
 #include "schemes/parabola.h"
 
+// Where the density times the square of the change of velocity across a cell exceeds this times the
+// pressure, the velocity is made less steep: the part that leaves the cell must not take heat with
+// it that the rest does not have. Found by trial; 2 to 6 work.
+template <typename Float>
+constexpr Float MotionLimit = Float(4);
+// What leaves a cell takes no more of its mass and heat beyond the average than this share of what
+// would empty the rest. Found by trial; 1 empties cells in Test 3.
+template <typename Float>
+constexpr Float SweptLimit = Float(0.5);
+
 // The parabolas of the moved cells, and how far they hold a contact instead, 0 to 1.
 template <typename Float>
 struct MovedShapes {
@@ -94,16 +104,15 @@ template <typename Float>
 [[gnu::always_inline]] inline Float ExcessMotion(const MovedCells<Float>& moved,
                                                  const MovedShapes<Float>& shapes, int i) {
     const Float rise = shapes.Ux.FromLeft[i] + shapes.Ux.ToRight[i];
-    return moved.Rho[i] * (rise * rise) - Float(4) * moved.P[i];
+    return moved.Rho[i] * (rise * rise) - MotionLimit<Float> * moved.P[i];
 }
 
-// Makes the velocity in cell i less steep where that is so: the part of the cell that leaves it
-// must not take heat with it that the rest does not have.
+// Makes the velocity in cell i less steep where that is so.
 template <typename Float>
 [[gnu::always_inline]] inline void TemperCell(const MovedCells<Float>& moved,
                                               MovedShapes<Float>& shapes, int i) {
-    const Float room = Float(4) * moved.P[i];
-    const Float excess = Max(ExcessMotion(moved, shapes, i), Opaque(Float(0)));
+    const Float room = MotionLimit<Float> * moved.P[i];
+    const Float excess = NonNegative(ExcessMotion(moved, shapes, i));
     const Float steepness = room / (room + excess);
     shapes.Ux.FromLeft[i] = steepness * shapes.Ux.FromLeft[i];
     shapes.Ux.ToRight[i] = steepness * shapes.Ux.ToRight[i];
@@ -121,56 +130,50 @@ template <typename Float>
     return Select(IsContact(moved, i), sure, Float(0));
 }
 
-// What a cell that holds a contact passes in any case: the density differs by more than a tenth.
+// Cheap necessary condition for a contact: above 0 if the density differs by more than ContactRise.
 template <typename Float>
 [[gnu::always_inline]] inline Float ExcessRise(const Float* rho, int i) {
     const Float least = Min(rho[i + 1], rho[i - 1]);
-    return Abs(rho[i + 1] - rho[i - 1]) - Float(0.1) * least;
+    return Abs(rho[i + 1] - rho[i - 1]) - ContactRise<Float> * least;
 }
-
-// How many cells lay in chunks that needed more than their parabolas.
-struct ShapingWork {
-    int Suspect;  // looked at more closely
-    int Tempered;
-    int Steepened;
-};
 
 // Shapes cells first..last, a whole number of chunks.
 template <typename Float>
-ShapingWork ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& moved, Float gamma,
-                            MovedWeights<Float>& weights, MovedShapes<Float>& shapes, int first,
-                            int last) {
+[[gnu::flatten]] void ShapeMovedCells(StripState<Float> strip, const MovedCells<Float>& moved,
+                                      Float gamma, MovedWeights<Float>& weights,
+                                      MovedShapes<Float>& shapes, int first, int last,
+                                      WorkDone& work) {
     strip.Rho = moved.Rho.Origin();
     strip.P = moved.P.Origin();
-    ShapingWork work = {0, 0, 0};
+    const auto isCold = [&](int i) { return ExcessMotion(moved, shapes, i) > Float(0); };
+    const auto isContact = [&](int i) {
+        return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, i);
+    };
+    int tempered = 0;
+    int contacts = 0;
     WeighMovedCells(moved, gamma, weights, first, last);
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const int end = chunk + CellsAtOnce;
+    const int suspect = ForEachChunk(first, last, [&](int chunk) {
         Float most = Float(0);
 #pragma omp simd reduction(max : most)
-        for (int i = chunk; i < end; ++i) {
+        for (int i = chunk; i < chunk + CellsAtOnce; ++i) {
             InterpolateMovedCell(moved, weights, shapes, i);
             shapes.Contact[i] = Float(0);
             most = Max(most, Max(ExcessMotion(moved, shapes, i), ExcessRise(strip.Rho, i)));
         }
-        if (!(most > Float(0))) continue;
-        work.Suspect += CellsAtOnce;
-        if (AnyInChunk<Float>(chunk,
-                              [&](int i) { return ExcessMotion(moved, shapes, i) > Float(0); })) {
-            work.Tempered += CellsAtOnce;
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) TemperCell(moved, shapes, i);
+        if (!(most > Float(0))) return 0;
+        if (AnyInChunk<Float>(chunk, isCold)) {
+            RunChunk(chunk, [&](int i) { TemperCell(moved, shapes, i); });
+            tempered += CellsAtOnce;
         }
-        const auto isContact = [&](int i) {
-            return Jump<Float>(strip.Rho, i).IsOne() & IsContact(strip, i);
-        };
         if (AnyInChunk<Float>(chunk, isContact)) {
-            work.Steepened += CellsAtOnce;
-#pragma omp simd
-            for (int i = chunk; i < end; ++i) shapes.Contact[i] = ContactShare(strip, i);
+            RunChunk(chunk, [&](int i) { shapes.Contact[i] = ContactShare(strip, i); });
+            contacts += CellsAtOnce;
         }
-    }
-    return work;
+        return CellsAtOnce;
+    });
+    work.Add(Work::SteepDensity, suspect);
+    work.Add(Work::Tempering, tempered);
+    work.Add(Work::Contact, contacts);
 }
 
 // The upstream cell of an edge, seen from the edge: parabolas by their rises near the edge and far
@@ -191,17 +194,15 @@ template <Upstream From, typename Float>
     return Select(fromLeft, left, right);
 }
 
-// The fluxes through edge i, from what the moved gas has swept over it. What leaves a cell
-// takes no more of its mass or heat beyond the average than half of what would empty the rest.
+// The fluxes through edge i, from what the moved gas has swept over it.
 template <bool HasContacts, Upstream From, typename Float>
 [[gnu::always_inline]] inline void SweepEdge(const CellRows<Float>& cells,
                                              const EdgeMotion<Float>& motion,
                                              const MovedCells<Float>& moved,
                                              const MovedShapes<Float>& shapes, Float perGammaLess,
                                              EdgeFluxes<Float>& fluxes, int i) {
-    const Float zero = Opaque(Float(0));
     const Float one = Opaque(Float(1));
-    const Float most = Float(0.5);
+    const Float most = SweptLimit<Float>;
     const int l = i - 1;
     const Float speed = motion.Ux[i];
     const Float push = motion.P[i];
@@ -219,7 +220,7 @@ template <bool HasContacts, Upstream From, typename Float>
     const Float p = upstream(moved.P);
     const Float ratio = Abs(speed) * upstream(moved.StepPerWidth);
     const Float share = Min(ratio, one);
-    const Float perRatio = one / Max(ratio, Opaque(Tiny<Float>));
+    const Float perRatio = one / Divisor(ratio);
     Float rise = Along(NearPart(near(shapes.Rho), far(shapes.Rho), share), speed);
     if constexpr (HasContacts) {
         const Float nearRho = OfUpstream<From>(fromLeft, moved.Rho[i], moved.Rho[l]);
@@ -227,7 +228,7 @@ template <bool HasContacts, Upstream From, typename Float>
         const Float jump = PartOfJump(farRho, rho, nearRho, share);
         rise = rise + upstream(shapes.Contact) * (jump - rise);
     }
-    const Float room = most * Max(perRatio - one, zero);
+    const Float room = most * NonNegative(perRatio - one);
     const Float sweptRho = rho + Clamp(-most * rho, rise, room * rho);
     const Float riseP = Along(NearPart(near(shapes.P), far(shapes.P), share), speed);
     const Float sweptP = p + Clamp(-most * p, riseP, room * p);
@@ -243,37 +244,39 @@ template <bool HasContacts, Upstream From, typename Float>
     fluxes.Ux[i] = u;
 }
 
-// The fluxes through edges first..last, a whole number of chunks. Returns how many of them lie in
-// chunks that have to choose edge by edge: where the gas does not all go one way, or at a contact.
+// The fluxes through edges first..last, a whole number of chunks. The upstream side is chosen edge
+// by edge only where the gas does not all go one way, or at a contact.
 template <typename Float>
-int SweepEdges(const CellRows<Float>& cells, const EdgeMotion<Float>& motion,
-               const MovedCells<Float>& moved, const MovedShapes<Float>& shapes, Float gamma,
-               EdgeFluxes<Float>& fluxes, int first, int last) {
+[[gnu::flatten]] void SweepEdges(const CellRows<Float>& cells, const EdgeMotion<Float>& motion,
+                                 const MovedCells<Float>& moved, const MovedShapes<Float>& shapes,
+                                 Float gamma, EdgeFluxes<Float>& fluxes, int first, int last,
+                                 WorkDone& work) {
     const Float perGammaLess = Float(1) / (gamma - Float(1));
-    int mixed = 0;
-    for (int chunk = first; chunk <= last; chunk += CellsAtOnce) {
-        const int end = chunk + CellsAtOnce;
+    const auto touchesContact = [&](int i) {
+        return Max(shapes.Contact[i - 1], shapes.Contact[i]) > Float(0);
+    };
+    const auto isFromLeft = [&](int i) { return motion.Ux[i] > Float(0); };
+    const auto isFromRight = [&](int i) { return !(motion.Ux[i] > Float(0)); };
+    const int mixed = ForEachChunk(first, last, [&](int chunk) {
         const auto sweep = [&]<bool HasContacts, Upstream From>() {
-#pragma omp simd
-            for (int i = chunk; i < end; ++i)
+            RunChunk(chunk, [&](int i) {
                 SweepEdge<HasContacts, From>(cells, motion, moved, shapes, perGammaLess, fluxes, i);
+            });
         };
-        const auto touchesContact = [&](int i) {
-            return Max(shapes.Contact[i - 1], shapes.Contact[i]) > Float(0);
-        };
-        const auto isFromLeft = [&](int i) { return motion.Ux[i] > Float(0); };
-        const auto isFromRight = [&](int i) { return !(motion.Ux[i] > Float(0)); };
         if (AnyInChunk<Float>(chunk, touchesContact)) {
-            mixed += CellsAtOnce;
             sweep.template operator()<true, Upstream::Mixed>();
-        } else if (!AnyInChunk<Float>(chunk, isFromRight)) {
-            sweep.template operator()<false, Upstream::Left>();
-        } else if (!AnyInChunk<Float>(chunk, isFromLeft)) {
-            sweep.template operator()<false, Upstream::Right>();
-        } else {
-            mixed += CellsAtOnce;
-            sweep.template operator()<false, Upstream::Mixed>();
+            return CellsAtOnce;
         }
-    }
-    return mixed;
+        if (!AnyInChunk<Float>(chunk, isFromRight)) {
+            sweep.template operator()<false, Upstream::Left>();
+            return 0;
+        }
+        if (!AnyInChunk<Float>(chunk, isFromLeft)) {
+            sweep.template operator()<false, Upstream::Right>();
+            return 0;
+        }
+        sweep.template operator()<false, Upstream::Mixed>();
+        return CellsAtOnce;
+    });
+    work.Add(Work::MixedEdge, mixed);
 }

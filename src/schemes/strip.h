@@ -5,10 +5,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <type_traits>
 
 #include "schemes/arithmetic.h"
+#include "schemes/chunks.h"
+#include "schemes/operation_counts.h"
 
 // Width of the neighbour zones on either side that the entry points are given.
 constexpr int NeighbourCells = 6;
@@ -51,37 +51,6 @@ struct StepConstants {
 // in the first-level cache.
 template <typename Float>
 constexpr int BlockCells = static_cast<int>(1024 / sizeof(Float));
-
-// Kernels run over whole chunks of this many cells, so that no vector is left half full; what they
-// do past the last cell is never looked at. Work that only some flows need is left out chunk by
-// chunk.
-constexpr int CellsAtOnce = 16;
-constexpr int PaddedLast(int first, int last) {
-    return first - 1 + (last - first + CellsAtOnce) / CellsAtOnce * CellsAtOnce;
-}
-
-// Flags as wide as the floats, so that what comparisons yield is joined as it is.
-template <typename Float>
-using Flag = std::conditional_t<sizeof(Float) == 4, std::uint32_t, std::uint64_t>;
-
-// Whether the test holds for any of cells first..last.
-template <typename Float, typename Test>
-[[gnu::always_inline]] inline bool Any(int first, int last, Test test) {
-    Flag<Float> found = 0;
-#pragma omp simd reduction(| : found)
-    for (int i = first; i <= last; ++i) found |= test(i) ? ~Flag<Float>(0) : Flag<Float>(0);
-    return found != 0;
-}
-
-// The same for the chunk that begins at `first`, of a length that the compiler sees.
-template <typename Float, typename Test>
-[[gnu::always_inline]] inline bool AnyInChunk(int first, Test test) {
-    Flag<Float> found = 0;
-#pragma omp simd reduction(| : found)
-    for (int i = first; i < first + CellsAtOnce; ++i)
-        found |= test(i) ? ~Flag<Float>(0) : Flag<Float>(0);
-    return found != 0;
-}
 
 // One row of scratch values: cells (or edges) -18 to BlockCells + 47. Cell -2, with which the
 // chunks of cells begin, lies on a cache line of its own. Rows fill an odd number of lines, so that
@@ -156,15 +125,18 @@ StripResult<Float> Block(const StripResult<Float>& strip, int offset) {
             strip.Smoke ? strip.Smoke + offset : nullptr};
 }
 
-// Advances the strip block by block by advance(block, its result), and returns the largest of the
-// blocks' Courant numbers.
+// Advances the strip block by block with advance(block, its result, work done), and returns the
+// largest of the blocks' Courant numbers. What was done is counted at the given costs.
 template <typename Float, typename Advance>
 Float AdvanceInBlocks(const StripState<Float>& strip, const StripResult<Float>& result,
-                      Advance advance) {
+                      std::span<const WorkCost> costs, int* counters, Advance advance) {
     Float courant = Float(0);
     for (int offset = 0; offset < strip.Cells; offset += BlockCells<Float>) {
         const int cells = std::min(BlockCells<Float>, strip.Cells - offset);
-        courant = Max(courant, advance(Block(strip, offset, cells), Block(result, offset)));
+        WorkDone work = {cells};
+        courant = Max(courant, advance(Block(strip, offset, cells), Block(result, offset), work));
+        CountOperations(work, CommonCosts, counters);
+        CountOperations(work, costs, counters);
     }
     return courant;
 }

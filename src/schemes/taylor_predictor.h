@@ -6,6 +6,10 @@
 #include "schemes/characteristic_tracing.h"
 #include "schemes/primitive_parabolas.h"
 
+// The share of a cell's density and pressure that its edge values keep at least. Found by trial.
+template <typename Float>
+constexpr Float LeastAtEdge = Float(0.05);
+
 // Fills what this step reads of the rows for cells first..last (StepPerWidth, StepPerMass, Signal)
 // and returns the Courant number of cells 1..n.
 template <typename Float>
@@ -57,13 +61,12 @@ struct PredictorRows {
 //     q + above + M (bend - above - M bend)    on the right, with bend = below - above,
 //     q - below - M (bend + below + M bend)    on the left,
 // below and above being its rises on either side of the average. For one kind of wave this is just
-// the average over the part of the cell that the wave sweeps. A face keeps a twentieth of the
-// cell's density and pressure at least.
+// the average over the part of the cell that the wave sweeps. Edge values keep at least LeastAtEdge
+// of the cell's density and pressure.
 template <typename Float>
 void PredictEdgeStates(StripState<Float> strip, const CellRows<Float>& cells, Float gamma,
                        const PredictorRows<Float>& rows, EdgeStates<Float>& states, int first,
                        int last) {
-    const Float least = Float(0.05);
 #pragma omp simd
     for (int i = first; i <= last; ++i) {
         const Float rho = strip.Rho[i];
@@ -86,11 +89,11 @@ void PredictEdgeStates(StripState<Float> strip, const CellRows<Float>& cells, Fl
         const Changes<Float> leftLoss =
             Apply(motion, {(bend.Rho + below.Rho) + bent.Rho, (bend.Ux + below.Ux) + bent.Ux,
                            (bend.P + below.P) + bent.P});
-        states.RhoLeft[i + 1] = Max(rho + (above.Rho + rightGain.Rho), least * rho);
+        states.RhoLeft[i + 1] = Max(rho + (above.Rho + rightGain.Rho), LeastAtEdge<Float> * rho);
         states.UxLeft[i + 1] = u + (above.Ux + rightGain.Ux);
-        states.PLeft[i + 1] = Max(p + (above.P + rightGain.P), least * p);
-        states.RhoRight[i] = Max(rho - (below.Rho + leftLoss.Rho), least * rho);
+        states.PLeft[i + 1] = Max(p + (above.P + rightGain.P), LeastAtEdge<Float> * p);
+        states.RhoRight[i] = Max(rho - (below.Rho + leftLoss.Rho), LeastAtEdge<Float> * rho);
         states.UxRight[i] = u - (below.Ux + leftLoss.Ux);
-        states.PRight[i] = Max(p - (below.P + leftLoss.P), least * p);
+        states.PRight[i] = Max(p - (below.P + leftLoss.P), LeastAtEdge<Float> * p);
     }
 }

@@ -9,22 +9,9 @@
 #include "schemes/ripple_damping.h"
 #include "schemes/shock_flattening.h"
 
-// Cost of a cell in what every step does, in what is done unless the block is quiet, and in what is
-// done only for the chunks that need it: where there is a shock, a slow one, where the gas is
-// faster than sound, where there may be a contact and where there is one, and where an edge is not
-// weak.
-constexpr CellCost PreparationCost = {2, 11, 1, 2, 1};
-constexpr CellCost GasCost = {157, 145, 2, 75, 0};
-constexpr CellCost ShockSearchCost = {3, 1, 0, 2, 0};
-constexpr CellCost ShockLossCost = {10, 8, 2, 16, 0};
-constexpr CellCost FlatteningCost = {3, 6, 0, 6, 0};
-constexpr CellCost SupersonicCost = {0, 0, 0, 4, 0};
-constexpr CellCost ContactSearchCost = {1, 1, 0, 1, 0};
-constexpr CellCost SuspicionCost = {11, 3, 0, 5, 0};
-constexpr CellCost ContactCost = {31, 14, 5, 17, 0};
-constexpr CellCost StrongEdgeCost = {32, 63, 5, 24, 6};
+namespace traced {
 
-// What a block is worked on with: 40 or 48 kilobytes, about what a first-level cache holds.
+// Scratch rows of one block: 40 or 48 kilobytes, about what a first-level cache holds.
 template <typename Float>
 struct StepRows {
     InputRows<Float> Inputs;
@@ -40,68 +27,71 @@ struct StepRows {
     StepRows() {}
 };
 
-// The first cell whose states at the edges are needed: what becomes of the neighbours of cell 1
-// decides whether its fluxes have to be mended.
+// The first cell whose edge states are needed: the new state of cell 1's neighbours decides whether
+// its fluxes have to be mended.
 constexpr int FirstTraced = -2;
 
-// States beside the edges -1..last+1 from the cells around them.
+// Steps 1 to 4: states beside the edges -1..last+1 from the cells around them.
 template <typename Float>
 void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& constants,
-                 StepRows<Float>& rows, int last, int* counters) {
-    const int n = strip.Cells;
+                 StepRows<Float>& rows, int last, WorkDone& work) {
     const int first = FirstTraced;
+    // 1. Characteristic parabolas.
     InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
-    const Float strength = FlatteningStrength(constants.Difcon);
-    CountOperations(ShockSearchCost, n, counters);
-    const ShockedCells shocked = FlattenShocks(strip, rows.Cells.Signal.Origin(), constants.Shkjmp,
-                                               strength, rows.Failed, rows.Parabolas, first, last);
-    CountOperations(ShockLossCost, std::min(shocked.InShock, n), counters);
-    CountOperations(FlatteningCost, std::min(shocked.Flattened, n), counters);
-    const int supersonic = TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last);
-    CountOperations(SupersonicCost, std::min(supersonic, n), counters);
-    const ContactWork contacts = SteepenContacts(strip, rows.Cells, rows.States, first, last);
-    CountOperations(ContactSearchCost, n, counters);
-    CountOperations(SuspicionCost, std::min(contacts.Suspect, n), counters);
-    CountOperations(ContactCost, std::min(contacts.Steepened, n), counters);
+    // 2. Flattening.
+    FlattenShocks(strip, rows.Cells.Signal.Origin(), constants.Shkjmp,
+                  FlatteningStrength(constants.Difcon), rows.Failed, rows.Parabolas, first, last,
+                  work);
+    // 3. Tracing.
+    TraceStates(strip, rows.Cells, rows.Parabolas, rows.States, first, last, work);
+    // 4. Jumps of the density.
+    SteepenContacts(strip, rows.Cells, rows.States, first, last, work);
     CloseEdge(rows.States, last + 1);
+    work.Add(Work::ShockSearch, strip.Cells);
+    work.Add(Work::ContactSearch, strip.Cells);
 }
 
 template <typename Float>
 Float AdvanceBlock(const StripState<Float>& input, const StepConstants<Float>& constants,
-                   const StripResult<Float>& result, StepRows<Float>& rows, int* counters) {
+                   const StripResult<Float>& result, StepRows<Float>& rows, WorkDone& work) {
     const StripState<Float> strip = CopyStrip(input, rows.Inputs);
     const int n = strip.Cells;
     const int lastCell = PaddedLast(FirstTraced, n + 3);
     const int lastEdge = lastCell + 1;
     const Float courant = PrepareCells(strip, constants.TimeStep, constants.Gamma, rows.Cells,
                                        FirstTraced - 2, lastCell + 2);
-    CountOperations(PreparationCost, n, counters);
+    work.Add(Work::Preparation, n);
     bool mended = false;
-    if (IsQuiet(strip, counters)) {
+    if (IsQuiet(strip, work)) {
         KeepGas(strip, rows.Fluxes, rows.After.Next);
-        CountOperations(QuietCost, n, counters);
+        work.Add(Work::Quiet, n);
     } else {
-        Reconstruct(strip, constants, rows, lastCell, counters);
-        const int strong = SolveRiemannProblems(strip, rows.Cells, rows.States, constants.Gamma,
-                                                rows.Fluxes, -1, lastEdge);
-        CountOperations(StrongEdgeCost, std::min(strong, n), counters);
+        Reconstruct(strip, constants, rows, lastCell, work);
+        // 5. Riemann problem.
+        SolveRiemannProblems(strip, rows.Cells, rows.States, constants.Gamma, rows.Fluxes, -1,
+                             lastEdge, work);
+        // 6. Ripple damping.
         DampRipples(strip, rows.Cells, RippleDamping(constants.Wavhaf), rows.Fluxes, -1, lastEdge);
+        // 7. Update, and 8. positivity.
         mended = UpdateGas(strip, rows.Cells, constants.Gamma, rows.Fluxes, rows.After.Next,
-                           rows.Failed, counters);
-        CountOperations(GasCost, n, counters);
+                           rows.Failed, work);
+        work.Add(Work::Gas, n);
     }
-    UpdateBothCarried(strip, rows.Cells, rows.Fluxes, rows.After, result, counters);
-    return Max(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, counters));
+    UpdateBothCarried(strip, rows.Cells, rows.Fluxes, rows.After, result, work);
+    return Max(courant, HandOver(strip, rows.After.Next, mended, rows.Failed, result, work));
 }
 
-// Advances the strip by one step and returns its Courant number.
+}  // namespace traced
+
+// Advances the strip by one step and returns its Courant number. The steps are numbered as in
+// docs/schemes.md.
 template <typename Float>
 Float AdvanceTraced(const StripState<Float>& strip, const StepConstants<Float>& constants,
                     const StripResult<Float>& result, int* counters) {
-    StepRows<Float> rows;
-    const auto advance = [&](const StripState<Float>& block,
-                             const StripResult<Float>& blockResult) {
-        return AdvanceBlock(block, constants, blockResult, rows, counters);
+    traced::StepRows<Float> rows;
+    const auto advance = [&](const StripState<Float>& block, const StripResult<Float>& blockResult,
+                             WorkDone& work) {
+        return traced::AdvanceBlock(block, constants, blockResult, rows, work);
     };
-    return AdvanceInBlocks(strip, result, advance);
+    return AdvanceInBlocks(strip, result, TracedCosts, counters, advance);
 }
