@@ -72,12 +72,12 @@ inline constexpr WorkCost TracedCosts[] = {
     {Work::Preparation,   {2, 11, 1, 2, 1}},
     {Work::Gas,           {157, 144, 2, 75, 0}},
     {Work::ShockSearch,   {3, 1, 0, 2, 0}},
-    {Work::Shock,         {10, 8, 2, 16, 0}},
+    {Work::Shock,         {10, 9, 2, 23, 0}},
     {Work::Flattening,    {1, 6, 0, 2, 0}},
     {Work::Supersonic,    {0, 0, 0, 4, 0}},
     {Work::ContactSearch, {1, 1, 0, 1, 0}},
     {Work::SteepDensity,  {11, 3, 0, 5, 0}},
-    {Work::Contact,       {31, 14, 5, 17, 0}},
+    {Work::Contact,       {35, 16, 6, 21, 0}},
     {Work::StrongEdge,    {32, 62, 5, 24, 6}},
 };
 inline constexpr WorkCost LagrangianCosts[] = {

@@ -21,6 +21,11 @@ template <typename Float>
 constexpr Float FastShare = Float(0.78);
 template <typename Float>
 constexpr Float SlowGain = Float(6);
+// The gas behind a shock is taken from the cell next to it instead of the one after that if its
+// pressure is higher by this factor. Found by trial on colliding streams; at 1 the noise of one
+// shock counts (Test 4 at 100 cells a fifth worse), 1.02 cures carried collisions all the same.
+template <typename Float>
+constexpr Float HigherBehind = Float(1.02);
 // `difcon` at which half of the steepness is taken; its default of 0.3 then takes two thirds.
 template <typename Float>
 constexpr Float HalfDifcon = Float(0.15);
@@ -47,9 +52,17 @@ template <typename Float>
     const Float* u = strip.Ux;
     const bool isRightGoing = p[i + 1] < p[i - 1];  // through the gas
     const Float rhoAhead = Select(isRightGoing, rho[i + 2], rho[i - 2]);
+    const Float pAhead = Select(isRightGoing, p[i + 2], p[i - 2]);
     const Float uAhead = Select(isRightGoing, u[i + 2], -u[i - 2]);
-    const Float rise = Abs(p[i + 2] - p[i - 2]);
-    const Float perSpeed = Divisor(rhoAhead * (u[i - 2] - u[i + 2]));
+    // The gas behind is the nearer of two cells if its pressure is higher: further on there may be
+    // another stream.
+    const Float pFar = Select(isRightGoing, p[i - 2], p[i + 2]);
+    const Float pNear = Select(isRightGoing, p[i - 1], p[i + 1]);
+    const Float uFar = Select(isRightGoing, u[i - 2], -u[i + 2]);
+    const Float uNear = Select(isRightGoing, u[i - 1], -u[i + 1]);
+    const bool isNear = pNear > HigherBehind<Float> * pFar;
+    const Float rise = Select(isNear, pNear, pFar) - pAhead;
+    const Float perSpeed = Divisor(rhoAhead * (Select(isNear, uNear, uFar) - uAhead));
     const Float fastest = Max(signal[i], Max(signal[i - 1], signal[i + 1]));
     const Float speed = Abs(uAhead * perSpeed + rise) / (perSpeed * fastest);
     return Clamp01(SlowGain<Float> * (FastShare<Float> - speed));
