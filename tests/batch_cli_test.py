@@ -85,7 +85,7 @@ class Cli(unittest.TestCase):
         wrong.write_text("this is no set-up")
         done = run("no-such-file", str(wrong), "test7", "--json", "--cells", "10",
                    "--out", str(self.out))
-        self.expect(done, 2, "no-such-file: no such problem, and no file", "not a set-up file")
+        self.expect(done, 2, "no-such-file: no such problem, and no file", "wrong.txt --cells 10: cannot be read: it is")
         self.assertEqual(self.files(), ["test7-Kestrel-10.csv"])
         self.assertEqual(json.loads(done.stdout.splitlines()[-1])["refusal"], None)
 

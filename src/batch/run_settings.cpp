@@ -33,7 +33,9 @@ std::string SetUpProblem(ExperimentState& state, SetUpBoxes& boxes, const RunSet
         }
     } else if (settings.IsFile()) {
         SetUpReading reading = ReadSetUpText(setUpText, state.MaxGridCells);
-        if (!reading.Values) return "not a set-up file";
+        if (!reading.Values) {
+            return "cannot be read: " + reading.Reason;
+        }
         SetUpFromFile(state, boxes, std::move(*reading.Values));
     }
     return "";

@@ -24,10 +24,16 @@ volatile std::sig_atomic_t stopped = 0;
 // What a run leaves behind once its state has been given up.
 struct Outcome {
     std::string Json;
-    std::optional<TableLine> Line;  // absent for a run that was done before
-    std::string Trouble;            // a line for standard error
+    std::optional<TableLine> Line;  // absent for a run that was not done now
+    bool WasDoneBefore = false;
+    std::string Trouble;  // a line for standard error
     StudyStatus Status = StudyStatus::Good;
 };
+
+// The problem and the options of a run, for messages that begin with the program's name.
+std::string Label(const PlannedRun& run) {
+    return run.Command.substr(run.Command.find(' ') + 1);
+}
 
 std::string WithCells(std::string name, int cells) {
     const std::size_t at = name.find("@cells");
@@ -84,7 +90,7 @@ private:
                 outcome = DoRun(runs_[k]);
             } catch (const std::exception& failure) {  // out of memory: the other runs go on
                 outcome.emplace();
-                outcome->Trouble = runs_[k].Command + ": " + failure.what();
+                outcome->Trouble = Label(runs_[k]) + ": " + failure.what();
                 outcome->Status = StudyStatus::RunRefused;
             }
             if (outcome) Report(k, std::move(*outcome));
@@ -121,6 +127,7 @@ private:
         if (options_.Resume) {
             if (const auto figures = FiguresBefore(run, setUpText)) {
                 outcome.Json = *figures;
+                outcome.WasDoneBefore = true;
                 return outcome;
             }
         }
@@ -131,8 +138,9 @@ private:
         outcome.Json = JsonOf(result->Figures);
         outcome.Line = TableLine{result->Figures, run.Series};
         if (!result->Figures.Refusal.empty()) {
-            outcome.Trouble = run.Command + ": " + result->Figures.Refusal;
+            outcome.Trouble = Label(run) + ": " + result->Figures.Refusal;
             const bool wasSetUp = result->Figures.Steps > 0 || result->State.Refusal;
+            if (!wasSetUp) outcome.Line.reset();  // nothing for the table
             outcome.Status = wasSetUp ? StudyStatus::RunRefused : StudyStatus::WrongUse;
             return outcome;
         }
@@ -189,7 +197,7 @@ private:
         }
         if (options_.Json && !outcome.Json.empty()) std::cout << outcome.Json << std::endl;
         if (outcome.Line) table_.push_back(*outcome.Line);
-        if (!outcome.Line && !outcome.Json.empty()) ++skipped_;
+        if (outcome.WasDoneBefore) ++skipped_;
     }
 
     const Options& options_;
