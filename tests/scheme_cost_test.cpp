@@ -34,6 +34,7 @@ struct Sample {
     const char* Name;
     void (*Change)(int cell, Cell& flow);
     double TimeStep = 1e-5;
+    double Widening = 0.0;  // of every other cell
 };
 
 // A step with one cell between its two values.
@@ -66,7 +67,7 @@ Cost CostOf(Advance& advance, const Sample& sample, int cells) {
         Cell cell;
         cell.Ux += 1e-6 * number;
         sample.Change(number, cell);
-        edges[i] = 0.01 * static_cast<double>(i);
+        edges[i] = 0.01 * (static_cast<double>(i) + sample.Widening * static_cast<double>(i / 2));
         rho[i] = cell.Rho;
         p[i] = cell.P;
         ux[i] = cell.Ux;
@@ -122,6 +123,7 @@ TEST(SchemeCost, IsWhatTheCountersSay) {
                        2e-4},
         {"steep",      [](int cell, Cell& flow) { flow.Rho = 1.0 + Roof(cell);
                                                   flow.P = 1.0 + 0.02 * Roof(cell); }},
+        {"uneven",     [](int, Cell&) {}, 1e-5, 0.5},
         {"cold",       [](int cell, Cell& flow) { flow = {.P = 1e-4, .Ux = 0.1 * Stairs(cell)}; }},
     };
     // clang-format on

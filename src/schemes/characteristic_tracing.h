@@ -6,6 +6,7 @@
 #include "schemes/jump_steepening.h"
 #include "schemes/parabola.h"
 #include "schemes/strip.h"
+#include "schemes/uneven_parabola.h"
 
 // How far back from the edge, in parts of what a wave sweeps, its speed is taken. 3/4 makes the
 // flux of a simple wave third-order in the step (derived, not chosen).
@@ -101,17 +102,52 @@ struct CharacteristicDifferences {
     }
 };
 
-// Interpolates and limits cells first..last. Reads cells first-2..last+2 of the strip.
+// Whether cell i is wider or narrower than one of the two cells on either side.
 template <typename Float>
-void InterpolateCharacteristics(StripState<Float> strip, const CellRows<Float>& cells,
-                                CharacteristicParabolas<Float>& parabolas, int first, int last) {
-#pragma omp simd
-    for (int i = first; i <= last; ++i) {
+[[gnu::always_inline]] inline bool IsUneven(const CellRows<Float>& cells, int i) {
+    const Row<Float>& perWidth = cells.StepPerWidth;
+    const Float most =
+        Max(Max(perWidth[i - 2], perWidth[i - 1]), Max(perWidth[i + 2], perWidth[i + 1]));
+    const Float least =
+        Min(Min(perWidth[i - 2], perWidth[i - 1]), Min(perWidth[i + 2], perWidth[i + 1]));
+    const Float difference = Max(most - perWidth[i], perWidth[i] - least);
+    return difference > EvenWidths<Float> * perWidth[i];
+}
+
+// Interpolates and limits cells first..last, a whole number of chunks. Reads cells first-2..last+2
+// of the strip.
+template <typename Float>
+[[gnu::flatten]] void InterpolateCharacteristics(StripState<Float> strip,
+                                                 const CellRows<Float>& cells,
+                                                 CharacteristicParabolas<Float>& parabolas,
+                                                 int first, int last, WorkDone& work) {
+    const Float* edges = strip.Edges;
+    const auto isUneven = [&](int i) { return IsUneven(cells, i); };
+    const auto interpolate = [&](int i) {
         const CharacteristicDifferences<Float> d(strip, cells, i);
         LimitedParabola(d.Plus, parabolas.Plus.FromLeft[i], parabolas.Plus.ToRight[i]);
         LimitedParabola(d.Minus, parabolas.Minus.FromLeft[i], parabolas.Minus.ToRight[i]);
         LimitedParabola(d.Zero, parabolas.Zero.FromLeft[i], parabolas.Zero.ToRight[i]);
-    }
+    };
+    const auto interpolateUneven = [&](int i) {
+        const CharacteristicDifferences<Float> d(strip, cells, i);
+        const UnevenStencil<Float> stencil(edges[i - 1] - edges[i - 2], edges[i] - edges[i - 1],
+                                           edges[i + 1] - edges[i], edges[i + 2] - edges[i + 1],
+                                           edges[i + 3] - edges[i + 2]);
+        const bool uneven = IsUneven(cells, i);
+        const auto shape = [&](const Differences<Float>& rises, Parabolas<Float>& parabola) {
+            Float below, above, belowEven, aboveEven;
+            stencil.Parabola(rises, below, above);
+            LimitedParabola(rises, belowEven, aboveEven);
+            parabola.FromLeft[i] = Select(uneven, below, belowEven);
+            parabola.ToRight[i] = Select(uneven, above, aboveEven);
+        };
+        shape(d.Plus, parabolas.Plus);
+        shape(d.Minus, parabolas.Minus);
+        shape(d.Zero, parabolas.Zero);
+    };
+    work.Add(Work::Uneven,
+             RunWhereNeeded<Float>(first, last, isUneven, interpolateUneven, interpolate));
 }
 
 // Traces cell i: its right face gives the left state of edge i+1, its left face the right state of

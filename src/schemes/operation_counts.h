@@ -22,6 +22,7 @@ enum class Work {
     QuietSearch,    // look for gas that is the same everywhere
     Quiet,          // cells of such gas
     Gas,            // all other cells
+    Uneven,         // chunks with cells of unequal width
     ShockSearch,    // every cell that is not quiet
     Shock,          // chunks that hold a shock
     Flattening,     // chunks in which parabolas are flattened
@@ -70,7 +71,8 @@ inline constexpr WorkCost CommonCosts[] = {
 };
 inline constexpr WorkCost TracedCosts[] = {
     {Work::Preparation,   {2, 11, 1, 2, 1}},
-    {Work::Gas,           {157, 144, 2, 75, 0}},
+    {Work::Gas,           {159, 145, 2, 82, 0}},
+    {Work::Uneven,        {94, 117, 21, 70, 0}},
     {Work::ShockSearch,   {3, 1, 0, 2, 0}},
     {Work::Shock,         {10, 9, 2, 23, 0}},
     {Work::Flattening,    {1, 6, 0, 2, 0}},

@@ -37,7 +37,7 @@ void Reconstruct(const StripState<Float>& strip, const StepConstants<Float>& con
                  StepRows<Float>& rows, int last, WorkDone& work) {
     const int first = FirstTraced;
     // 1. Characteristic parabolas.
-    InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last);
+    InterpolateCharacteristics(strip, rows.Cells, rows.Parabolas, first, last, work);
     // 2. Flattening.
     FlattenShocks(strip, rows.Cells.Signal.Origin(), constants.Shkjmp,
                   FlatteningStrength(constants.Difcon), rows.Failed, rows.Parabolas, first, last,
