@@ -40,8 +40,7 @@ struct DrawnGray {
 // lie anywhere, and need not be finite: what is off the picture is not seen, and a segment or a box
 // with a coordinate that is not finite is left out. Lines and boxes are black and one pixel wide.
 //
-// Storage is kept when the list is cleared, so that a picture drawn again and again allocates
-// nothing.
+// Clearing keeps the storage, so that drawing a picture again allocates nothing.
 class DrawingList {
 public:
     using Item = std::variant<DrawnCurve, DrawnBox, DrawnGray>;
@@ -58,18 +57,18 @@ public:
     void BoxFilled(float x, float y, float w, float h);
     void BoxOutline(float x, float y, float w, float h);
 
-    // Adds a gray image of at least 1 by 1 and gives its levels, all 0, to be filled. They may move
-    // with the next change of the list.
+    // Adds a gray image of at least 1 by 1 pixels and returns its levels, all 0, for the caller to
+    // fill. The span is valid until the next change of the list.
     std::span<std::uint8_t> Gray(int width, int height);
 
-    // Lets the next LineOn begin a curve of its own, so that the items so far stay as they are.
+    // Makes the next LineOn begin a new curve, so that the present items no longer change.
     void EndCurve() { isCurveOpen_ = false; }
 
     const std::vector<Item>& Items() const { return items_; }
     std::span<const DrawnPoint> PointsOf(const DrawnCurve& curve) const;
     std::span<const std::uint8_t> LevelsOf(const DrawnGray& gray) const;
 
-    // What the list takes of memory, as a number of points: two for a box, none for an image.
+    // A measure of the list's memory: the points of all curves, and two for each box.
     std::size_t PointCount() const { return points_.size() + 2 * boxCount_; }
 
 private:

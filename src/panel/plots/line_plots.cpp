@@ -9,7 +9,7 @@
 
 namespace {
 
-// A plot on the panel: its surface, the boxes of its limits, and whether these are its own now.
+// A plot on the panel: its surface, and the boxes of its limits if it may write them now.
 struct Plot {
     LinePlot Kind;
     Surface& Picture;

@@ -4,10 +4,9 @@
 struct Controls;
 struct ExperimentState;
 
-// Each draws its curve from the present state arrays over what its surface shows, marks the control
-// points (only stopped, on state 0, and not in sound-wave mode) and the selected cell, and brings
-// the selected cell's boxes and the plot's Min and Max boxes up to date. Writing a box runs its
-// handler. A paint never clears.
+// Each draws the plot of the present state arrays over what its surface shows, then updates the
+// boxes of the selected cell and the plot's Min and Max boxes. Writing a box runs its handler. A
+// paint never clears.
 void pctDensityPlot_Paint(ExperimentState& state, Controls& controls);
 void pctPressurePlot_Paint(ExperimentState& state, Controls& controls);
 void pctVelocityPlot_Paint(ExperimentState& state, Controls& controls);
@@ -15,13 +14,13 @@ void pctVelocityPlot_Paint(ExperimentState& state, Controls& controls);
 // Takes the selected values from the arrays and shows them in their boxes, pressure first.
 void ShowSelectedValues(ExperimentState& state, Controls& controls);
 
-// Density, pressure, velocity: the paints alone, or each surface cleared right before its paint.
+// Paint density, pressure and velocity; the second clears each surface right before its paint.
 void PaintPlots(ExperimentState& state, Controls& controls);
 void ClearAndPaintPlots(ExperimentState& state, Controls& controls);
 
-// While it lives the paints draw nothing and only bring the boxes up to date. For a procedure that
-// paints many times before the screen is updated. The caller must clear and paint all three
-// surfaces after its end.
+// While an object of this class exists, paints draw nothing and only update the boxes. For
+// procedures that paint many times before the screen is updated. The caller must clear and paint
+// all three surfaces afterwards.
 class PlotsUnseen {
 public:
     explicit PlotsUnseen(Controls& controls);
@@ -34,5 +33,6 @@ private:
     bool wereUnseen_;
 };
 
-// Clears all three surfaces, then paints; lays the curves over the old ones if MultiplePlots is 1.
+// Clears all three surfaces, then paints. If MultiplePlots is 1, clears nothing, so that the curves
+// are drawn over the old ones.
 void RepaintPlots(ExperimentState& state, Controls& controls);

@@ -16,8 +16,8 @@
 
 namespace {
 
-// Beyond this many points the list gives way to an image of what it drew, so that a surface nobody
-// clears takes no more memory than this.
+// Beyond this many points the list is replaced by an image of what it drew, so that a surface that
+// is never cleared does not grow.
 constexpr std::size_t MaxKeptPoints = 32768;
 
 bool IsFinite(QPointF point) {
@@ -98,7 +98,7 @@ void Surface::ReplaceWhenSeen(Draw draw) {
     Refresh();
 }
 
-// Asks for no repaint: it may be a paint event that looks.
+// Requests no repaint, since a paint event may be the caller.
 void Surface::Settle() {
     if (awaited_) Exchange(std::exchange(awaited_, nullptr));
 }

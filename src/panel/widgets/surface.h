@@ -14,10 +14,10 @@
 // A magnified surface is like a screen with larger pixels: drawing and presses keep the same
 // coordinates.
 //
-// What was drawn since the last Cls is kept as a list and becomes an image once, when somebody
-// looks. The paint event only copies that image out, and puts a frame over it while the surface has
-// the focus. It runs no procedure that writes text boxes, so exposure loses nothing and changes
-// nothing.
+// What was drawn since the last Cls is kept as a list, which becomes an image once its pixels are
+// asked for. The paint event only copies that image to the screen, and draws a frame over it while
+// the surface has the focus. It runs no procedure that writes text boxes, so exposure loses nothing
+// and changes nothing.
 class Surface : public QWidget {
 public:
     // unitsPerPixel: the size of a logical pixel in the unit of the coordinates.
@@ -36,20 +36,20 @@ public:
     // Erases everything; the current point returns to 0, 0.
     void Cls();
 
-    // The list of what the surface shows, to add to. Ask for it again for each drawing: the surface
-    // may have made room in it.
+    // The list of what the surface shows, to add to. Fetch it anew for each drawing: this is where
+    // a list that has grown too long is turned into an image, and where a repaint is requested.
     DrawingList& Drawing();
 
-    // Shows what `draw` adds to an empty list in place of everything, or changes nothing if that is
-    // nothing.
+    // Replaces everything by what `draw` adds to an empty list. If it adds nothing, the surface
+    // stays as it is.
     using Draw = std::function<void(DrawingList&)>;
     void Replace(const Draw& draw);
 
-    // The same, but `draw` is called only when somebody looks, and never if another picture comes
-    // before that.
+    // The same, but `draw` is called only once the pixels are asked for, and never if the surface
+    // is cleared or replaced before that.
     void ReplaceWhenSeen(Draw draw);
 
-    // Calls now what ReplaceWhenSeen was given, before what it draws from changes.
+    // Calls a `draw` that is still waiting. Needed before the data it reads change.
     void Settle();
 
     // True while nothing drawn here will be seen, because the surface is going to be cleared first;
@@ -97,13 +97,13 @@ private:
     PanelScale shown_;
     double unitsPerPixel_;
     QRect twips_;            // the place; null before the first
-    QImage under_;           // what lies under the list: items it had no more room for
-    DrawingList list_;       // all else that the surface shows
+    QImage under_;           // what lies under the list: items that made it too long
+    DrawingList list_;       // everything else that the surface shows
     DrawingList next_;       // filled while a picture is replaced; keeps its storage
     std::size_t drawn_ = 0;  // items of list_ that image_ holds already
     bool isBlank_ = true;    // image_ has to be erased first
     QImage image_;
-    Draw awaited_;  // what ReplaceWhenSeen was given and nobody has seen
+    Draw awaited_;  // given to ReplaceWhenSeen and not called yet
     bool isUnseen_ = false;
     bool pressedHere_ = false;  // the button went down here, so that its release is a click
     QWidget* takesKeys_ = nullptr;
