@@ -77,50 +77,94 @@ bool IsFinite(DrawnPoint point) {
     return std::isfinite(point.X) && std::isfinite(point.Y);
 }
 
-// From the unit of a drawing to the pixels of its frame, as on a surface: shrunk by a pixel, so
-// that a line along an edge is seen as wide as any other.
-struct ToFrame {
-    double ScaleX;
-    double ScaleY;
+// Cuts a segment off at the edges of a rectangle; false if nothing of it is inside. Each edge
+// bounds the part of the way that is inside: ACM Trans. Graphics 3, 1 (1984).
+bool CutSegment(const SvgFrame& room, DrawnPoint& from, DrawnPoint& to) {
+    const double dx = to.X - from.X;
+    const double dy = to.Y - from.Y;
+    double first = 0.0;  // of the way from `from` to `to`
+    double last = 1.0;
+    const auto cut = [&](double rate, double reach) {  // inside where rate * way <= reach
+        if (rate == 0.0) return reach >= 0.0;
+        const double way = reach / rate;
+        rate < 0.0 ? first = std::max(first, way) : last = std::min(last, way);
+        return first <= last;
+    };
+    const bool isInside = cut(-dx, from.X - room.X) && cut(dx, room.X + room.Width - from.X) &&
+                          cut(-dy, from.Y - room.Y) && cut(dy, room.Y + room.Height - from.Y);
+    if (!isInside) return false;
+    if (last < 1.0) to = {from.X + last * dx, from.Y + last * dy};
+    if (first > 0.0) from = {from.X + first * dx, from.Y + first * dy};
+    return true;
+}
 
-    DrawnPoint operator()(DrawnPoint point) const {
-        return {0.5 + point.X * ScaleX, 0.5 + point.Y * ScaleY};
-    }
-};
-
-// Writes the items of a drawing into a document.
+// Writes the items of a drawing into a frame of a document. They are cut off here and not by the
+// viewer: viewers differ in what they support. As on a surface, the drawing is shrunk by a pixel,
+// so that a line along an edge is seen as wide as any other.
 class ItemWriter {
 public:
-    ItemWriter(const DrawingList& list, const SvgFrame& frame, ToFrame toFrame,
+    ItemWriter(const DrawingList& list, double width, double height, const SvgFrame& frame,
                SvgDocument& document)
-        : list_(list), frame_(frame), toFrame_(toFrame), document_(document) {}
+        : list_(list),
+          frame_(frame),
+          room_{frame.X + 0.5, frame.Y + 0.5, frame.Width - 1, frame.Height - 1},
+          scaleX_(room_.Width / width),
+          scaleY_(room_.Height / height),
+          document_(document) {}
 
-    void operator()(const DrawnCurve& curve) {
-        points_.clear();
-        for (const DrawnPoint& point : list_.PointsOf(curve)) points_.push_back(toFrame_(point));
-        document_.Polyline(points_, "black");
-    }
+    void operator()(const DrawnCurve& curve) { WriteCurve(list_.PointsOf(curve)); }
 
     void operator()(const DrawnBox& box) {
-        const DrawnPoint corner = toFrame_(box.Corner);
-        const DrawnPoint opposite = toFrame_(box.Opposite);
-        if (!IsFinite(corner) || !IsFinite(opposite)) return;
-        document_.Rectangle({std::min(corner.X, opposite.X), std::min(corner.Y, opposite.Y),
-                             std::abs(opposite.X - corner.X), std::abs(opposite.Y - corner.Y)},
-                            box.IsFilled ? "black" : "none", "black");
+        const DrawnPoint& a = box.Corner;
+        const DrawnPoint& b = box.Opposite;
+        if (!IsFinite(a) || !IsFinite(b)) return;
+        if (!box.IsFilled) {
+            const std::array<DrawnPoint, 5> edge = {a, {b.X, a.Y}, b, {a.X, b.Y}, a};
+            WriteCurve(edge);
+            return;
+        }
+        const DrawnPoint low = InFrame({std::min(a.X, b.X), std::min(a.Y, b.Y)});
+        const DrawnPoint high = InFrame({std::max(a.X, b.X), std::max(a.Y, b.Y)});
+        const double left = std::max(low.X, room_.X);
+        const double top = std::max(low.Y, room_.Y);
+        const double right = std::min(high.X, room_.X + room_.Width);
+        const double bottom = std::min(high.Y, room_.Y + room_.Height);
+        if (left > right || top > bottom) return;
+        document_.Rectangle({left, top, right - left, bottom - top}, "black", "black");
     }
 
     void operator()(const DrawnGray& gray) {
-        document_.Image(list_.LevelsOf(gray), gray.Width, gray.Height,
-                        {0.0, 0.0, frame_.Width, frame_.Height});
+        document_.Image(list_.LevelsOf(gray), gray.Width, gray.Height, frame_);
     }
 
 private:
+    DrawnPoint InFrame(DrawnPoint point) const {
+        return {room_.X + point.X * scaleX_, room_.Y + point.Y * scaleY_};
+    }
+
+    // A polyline for each run of segments that are inside and finite.
+    void WriteCurve(std::span<const DrawnPoint> points) {
+        run_.clear();
+        for (std::size_t i = 1; i < points.size(); ++i) {
+            DrawnPoint from = InFrame(points[i - 1]);
+            DrawnPoint to = InFrame(points[i]);
+            if (!IsFinite(from) || !IsFinite(to) || !CutSegment(room_, from, to)) continue;
+            if (run_.empty() || !(run_.back() == from)) {
+                document_.Polyline(run_, "black");
+                run_ = {from};
+            }
+            run_.push_back(to);
+        }
+        document_.Polyline(run_, "black");
+    }
+
     const DrawingList& list_;
     const SvgFrame& frame_;
-    ToFrame toFrame_;
+    SvgFrame room_;  // for the middle of the pen
+    double scaleX_;
+    double scaleY_;
     SvgDocument& document_;
-    std::vector<DrawnPoint> points_;
+    std::vector<DrawnPoint> run_;
 };
 
 }  // namespace
@@ -181,12 +225,8 @@ void SvgDocument::Image(std::span<const std::uint8_t> levels, int width, int hei
 
 void SvgDocument::Drawing(const DrawingList& list, double width, double height,
                           const SvgFrame& frame) {
-    Open("svg", Attributes(frame));  // an inner document cuts off what lies outside
-    text_ += ">\n";
-    const ToFrame toFrame{(frame.Width - 1) / width, (frame.Height - 1) / height};
-    ItemWriter write(list, frame, toFrame, *this);
+    ItemWriter write(list, width, height, frame, *this);
     for (const DrawingList::Item& item : list.Items()) std::visit(write, item);
-    text_ += "</svg>\n";
 }
 
 std::string SvgDocument::Whole() const {
