@@ -29,7 +29,8 @@ void RequireLimits(const SetUpValues& read) {
     Require(read.MSelList.Last() == n + 2 && read.VxSelList.Last() == n + 2);
     Require(read.MSelList[0] == 0 && read.MSelList[read.NSelected + 1] == n + 1);
     for (int k = 0; k <= read.NSelected + 1; ++k) {
-        Require(read.MSelList[k + 1] > read.MSelList[k] || k > read.NSelected);
+        // Points beyond the grid are yet to be mapped; only the closing entry stands before them.
+        Require(read.MSelList[k + 1] > read.MSelList[k] || k >= read.NSelected);
         Require(std::isfinite(read.XSelList[k]) && std::isfinite(read.VxSelList[k]));
         Require(read.RhoSelList[k] > 0.0 && std::isfinite(read.RhoSelList[k]));
         Require(read.PSelList[k] > 0.0 && std::isfinite(read.PSelList[k]));
