@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 #include <tuple>
 
 #include "core/run/tick_arrays.h"
@@ -42,6 +44,19 @@ protected:
 };
 
 }  // namespace
+
+TEST_F(TimeStep, GivesUpAfterTwoSecondsOfAttempts) {
+    library.Kestrel64 = [](auto*... given) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        *std::get<14>(std::tuple(given...)) = 1.0;
+    };
+    TickArrays tick(state, library);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(TakeTimeStep(state, tick));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+    EXPECT_EQ(state.Refusal.Kind, RefusalKind::CourantTooLarge);
+    EXPECT_EQ(state.DTime, 0.5);
+}
 
 TEST_F(TimeStep, RepeatsTheAttemptUntilTheCourantNumberIsBelowOne) {
     const std::pair<double, double> rows[] = {{0.999, 0.999}, {1.0, 0.9}, {1.2, 1.2 * 0.9 * 0.9}};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <chrono>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -18,6 +19,10 @@ namespace {
 // 0.9^300 is 2e-14: a scheme that still reports 1 or more by then never will report less.
 constexpr int MaxAttempts = 300;
 
+// Nor is one whose failed attempts have taken so long, and the window waits for it. No step of the
+// program's own schemes has been seen to need a hundredth of this.
+constexpr std::chrono::seconds LongestTrial(2);
+
 // Limit on the cell updates of a tick, so that it returns in a fraction of a second; more with the
 // meter on. Only a weak sound wave would take more, and without the meter only one whose step is
 // far below what its sound speed allows.
@@ -32,7 +37,11 @@ bool Refuse(ExperimentState& state, RefusalKind kind, const std::string& trouble
 // True once an attempt has come in under the Courant gate. Every failed one shortens the step; if
 // all fail, state.Refusal says how.
 bool PassCourantGate(ExperimentState& state, TickArrays& tick) {
-    for (int attempt = 0; attempt < MaxAttempts; ++attempt) {
+    const auto start = std::chrono::steady_clock::now();
+    const auto mayTryAgain = [&] {
+        return std::chrono::steady_clock::now() - start < LongestTrial;
+    };
+    for (int attempt = 0; attempt == 0 || (attempt < MaxAttempts && mayTryAgain()); ++attempt) {
         tick.StepDT = state.DTime;
         tick.StepCourant = 0.0;
         FillBoundaryZones(state);
