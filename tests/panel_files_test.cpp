@@ -1,6 +1,7 @@
 // Set-up files, written and read through the panel's buttons.
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QCursor>
@@ -9,13 +10,30 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <csignal>
 #include <functional>
 #include <vector>
 
 #include "core/setup/control_points.h"
 #include "core/setup/set_up_text.h"
+#include "panel/entry/last_refusal.h"
+#include "panel/problems/file_replacement.h"
 #include "panel_test.h"
+
+namespace {
+
+// What the disk says to the next syncs: 0 for done, or the number of an error.
+int syncError = 0;
+
+}  // namespace
+
+// In the place of the system's, for this program.
+extern "C" int fsync(int file) {
+    if (syncError == 0) return static_cast<int>(syscall(SYS_fsync, file));
+    errno = syncError;
+    return -1;
+}
 
 namespace {
 
@@ -33,6 +51,8 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
     }
+
+    std::string Reason() { return ReadLastRefusal(controls).Why; }
 
     QByteArray Load(const QString& name) {
         QFile file(folder.filePath(name));
@@ -154,12 +174,22 @@ TEST_F(PanelFiles, SayWhatIsWrongAndChangeNothing) {
     EXPECT_EQ(boxes[1].Message,
               "I expected to read the string 'RhoMax' but got instead rhoMax\n"
               "You screwed up.   This input file will be ignored.");
+    EXPECT_EQ(Reason(), "a name is wrong before field 11");
     EXPECT_EQ(all(), before);
     Save("negative.txt", QByteArray(good).replace("1000", "-1000"));
     Save("huge.txt", QByteArray(9 << 20, '1'));
-    for (const char* silent : {"negative.txt", "huge.txt"}) {
-        EXPECT_EQ(Read(silent).size(), 1u) << silent << ": the dialog, no message";
-        EXPECT_EQ(all(), before) << silent;
+    Save("empty.txt", "");
+    ASSERT_EQ(mkfifo(qPrintable(folder.filePath("pipe.txt")), 0600), 0);
+    const std::pair<const char*, const char*> silent[] = {
+        {"negative.txt", "field 49 is no number"},
+        {"huge.txt", "it is too large"},
+        {"empty.txt", "it is empty"},
+        {"pipe.txt", "it cannot be read"},
+    };
+    for (const auto& [name, reason] : silent) {
+        EXPECT_EQ(Read(name).size(), 1u) << name << ": the dialog, no message";
+        EXPECT_EQ(all(), before) << name;
+        EXPECT_EQ(Reason(), reason);
     }
     Read("missing.txt");
     Read(".");
@@ -186,6 +216,57 @@ TEST_F(PanelFiles, KeepTheOldFileWhereNoNewOneCanBeWritten) {
     Save("plain", kept);
     Read("plain");
     EXPECT_EQ(state.NSelected, 6);
+}
+
+TEST_F(PanelFiles, AreReplacedOnlyOnceTheDiskHasKeptTheNewOnes) {
+    Write("kept.txt");
+    const QByteArray kept = Load("kept.txt");
+    panel.Press("cmdTest1");
+    const struct {
+        int Error;
+        const char* Reason;
+    } rows[] = {{EIO, "the system says: Input/output error"}, {ENOSPC, "there is no room left"}};
+    for (const auto& row : rows) {
+        syncError = row.Error;
+        Write("kept.txt");
+        syncError = 0;
+        EXPECT_EQ(Load("kept.txt"), kept);
+        EXPECT_EQ(Reason(), row.Reason);
+        EXPECT_EQ(ReadLastRefusal(controls).What, "Write Set Up of kept.txt");
+    }
+    // A save that was killed leaves one file at most, which the next save takes away.
+    const QString left = QString(".ternlow-save-%1").arg(geteuid());
+    Save(left, "half");
+    Write("kept.txt");
+    EXPECT_EQ(Load("kept.txt"), QByteArray::fromStdString(WriteSetUpText(state)));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"kept.txt"});
+}
+
+TEST_F(PanelFiles, AreNotTakenUnderANameThatCannotBeWritten) {
+    const QString longest(251, 'n');  // with ".txt" as long as names can be
+    const struct {
+        QString Name;
+        const char* Reason;
+    } rows[] = {
+        {longest, nullptr},
+        {longest + "n", "its name is 1 bytes too long"},
+        {"nowhere/a", "there is no such folder"},
+        {"a", nullptr},
+    };
+    for (const auto& row : rows) {
+        for (int time = 1; time <= 2; ++time) {  // the second replaces
+            const auto boxes = Ask("cmdWriteSetUp", {folder.filePath(row.Name)});
+            const QString said = boxes.size() > 1 ? boxes.back().Message : QString();
+            const bool isObjected = said.contains("cannot be used");
+            EXPECT_EQ(isObjected, row.Reason != nullptr) << qPrintable(row.Name + said);
+            if (row.Reason != nullptr) {
+                EXPECT_TRUE(said.contains(row.Reason)) << qPrintable(said);
+            }
+            EXPECT_EQ(QFileInfo(folder.filePath(row.Name + ".txt")).size() > 0, !isObjected);
+        }
+    }
+    ASSERT_EQ(mkfifo(qPrintable(folder.filePath("pipe")), 0600), 0);
+    EXPECT_EQ(WhyNotWritable(folder.filePath("pipe")), "it is no plain file");
 }
 
 // As on a shared drive: what lies there may be written, but nothing can be put beside it.

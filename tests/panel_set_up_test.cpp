@@ -1,7 +1,11 @@
 // Problems set up on the panel: at start-up, by hand, as sound waves, on another grid, by prompts.
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <fstream>
 #include <functional>
 
 #include "panel/help/guide_place.h"
@@ -308,4 +312,30 @@ TEST_F(PanelSetUp, AsksWordForWord) {
             EXPECT_EQ(seen[k].Default, row.boxes[k].Default);
         }
     }
+}
+
+// The largest grid with the largest store wants 320 MB beside what is there.
+TEST_F(PanelSetUp, RefusesWhatFindsNoMemoryAndKeepsTheExperiment) {
+    panel.Type("txtNPlotsPerPeriod", "1333");
+    panel.Press("cmdTest1");
+    const auto before = Fields();
+    rlimit former{};
+    getrlimit(RLIMIT_AS, &former);
+    std::ifstream used("/proc/self/statm");
+    rlim_t pages = 0;
+    used >> pages;
+    const rlimit tight{pages * static_cast<rlim_t>(getpagesize()) + (200U << 20), former.rlim_max};
+    setrlimit(RLIMIT_AS, &tight);
+    controls.txtNGridCells->setText("5001");
+    EXPECT_EQ(Fields(), before);
+    EXPECT_TRUE(controls.lblStudentID->text().contains(
+        "not enough memory for 5001 cells and 2000 stored states"))
+        << qPrintable(controls.lblStudentID->text());
+    controls.txtNGridCells->setText("1000");
+    EXPECT_EQ(state.NGridCells, 1000);
+    EXPECT_FALSE(controls.lblStudentID->text().contains("memory"));
+    panel.Press("cmdTest1");
+    panel.Press("cmdBegin");
+    EXPECT_TRUE(panel.Tick(3));
+    setrlimit(RLIMIT_AS, &former);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -52,6 +53,19 @@ TEST(Prompt, AsksInPlainTextNearTheCornerAndGivesTheAnswerAsTyped) {
         box.accept();
     });
     EXPECT_EQ(Prompt(form.controls, "Type <b>it</b>", "Get difcon", "0.3"), " 0.25 ");
+}
+
+TEST(Prompt, KeepsTheButtonOfAMessageOnASmallScreen) {
+    frmTernlow form;
+    const std::string letters(5000, 'W');
+    for (const std::string& text : {std::string(5000, '\n'), letters, letters + '\n' + letters}) {
+        WhenOpen<QMessageBox>([](QMessageBox& box) {
+            EXPECT_LT(box.height(), 600);
+            EXPECT_TRUE(box.rect().contains(box.button(QMessageBox::Ok)->geometry()));
+            box.accept();
+        });
+        ShowMessage(form.controls, text);
+    }
 }
 
 TEST(Prompt, TakesEnterForOkAndEscapeForCancelWhichAnswersNothing) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "core/model/experiment_state.h"
 #include "core/model/limits.h"
@@ -16,6 +17,22 @@ void AllocateFields(ExperimentState& state) {
     }
     for (OffsetArray<double>* array : {&state.C2, &state.C}) {
         *array = OffsetArray<double>(FirstCell, n + 7);
+    }
+}
+
+bool HasMemoryFor(int n, int plots) {
+    constexpr int spareBytes = 64 << 20;  // for strips, pictures, files and windows
+    try {
+        ExperimentState trial;
+        trial.NGridCells = n;
+        trial.NPlotsTotal = plots;
+        AllocateFields(trial);
+        AllocateStore(trial);
+        ResizeControlPointLists(trial);
+        const OffsetArray<char> spare(1, spareBytes);
+        return spare.Last() == spareBytes;
+    } catch (const std::bad_alloc&) {
+        return false;
     }
 }
 

@@ -6,6 +6,10 @@ struct ExperimentState;
 // Allocates the state and work arrays for N cells, all zero.
 void AllocateFields(ExperimentState& state);
 
+// Whether there is memory for the arrays of a grid of n cells with `plots` stored states, beside
+// those that the experiment has and some for all else. Changes nothing.
+bool HasMemoryFor(int n, int plots);
+
 // Lays N equal cells from left to right: DX, NGridCellsD and X[1]..X[N+1], by repeated addition
 // but for the two ends. Needs the arrays.
 void LayGrid(ExperimentState& state, double left, double right);

@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QUrl>
 
 #include "panel/dialogs/tick_hold.h"
@@ -27,6 +28,39 @@ QString EndingOf(const QString& filter, int index) {
     return pattern.startsWith("*.") && pattern != "*.*" ? pattern.mid(2) : QString();
 }
 
+// A dialog that takes no name to which there is an objection.
+class SaveDialog : public QFileDialog {
+public:
+    SaveDialog(QWidget* window, const CommonDialog& owner)
+        : QFileDialog(window, "Save As"), owner_(owner) {}
+
+    void accept() override {
+        const QString name = selectedFiles().value(0);
+        const bool isToBeSaved = !name.isEmpty() && !QFileInfo(name).isDir();
+        const std::string reason =
+            isToBeSaved && owner_.Objection ? owner_.Objection(name) : std::string();
+        if (reason.empty()) {
+            QFileDialog::accept();
+        } else {
+            Say(QFileInfo(name).fileName(), QString::fromStdString(reason));
+        }
+    }
+
+private:
+    void Say(const QString& name, const QString& reason) {
+        constexpr qsizetype longest = 60;
+        QMessageBox box(this);
+        box.setWindowTitle(windowTitle());
+        box.setTextFormat(Qt::PlainText);
+        const QString shown = name.size() > longest ? name.left(longest) + QChar(0x2026) : name;
+        box.setText(shown + "\nThis name cannot be used: " + reason + '.');
+        box.setStandardButtons(QMessageBox::Ok);
+        box.exec();
+    }
+
+    const CommonDialog& owner_;
+};
+
 }  // namespace
 
 CommonDialog::CommonDialog(Controls& controls, QWidget* window)
@@ -40,7 +74,7 @@ void CommonDialog::Open() {
 }
 
 void CommonDialog::Save() {
-    QFileDialog box(window_, "Save As");
+    SaveDialog box(window_, *this);
     box.setAcceptMode(QFileDialog::AcceptSave);
     box.setFileMode(QFileDialog::AnyFile);
     box.setDefaultSuffix(EndingOf(Filter, FilterIndex));

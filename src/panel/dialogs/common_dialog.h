@@ -3,6 +3,8 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
+#include <string>
 
 class QFileDialog;
 class QWidget;
@@ -15,7 +17,10 @@ public:
 
     QString Filter;       // pairs of name and pattern: "Text Files (*.txt)|*.txt|..."
     int FilterIndex = 1;  // the pair to begin with, counted from 1
-    QString FileName;     // the chosen file with its whole path; empty after a Cancel
+    // Why a name cannot be saved under, as part of a sentence; empty if it can. The dialog then
+    // says so and stays open.
+    std::function<std::string(const QString&)> Objection;
+    QString FileName;  // the chosen file with its whole path; empty after a Cancel
 
     void Open();
     void Save();

@@ -14,12 +14,18 @@ namespace {
 constexpr int CornerTwips = 3000;     // from the screen's left and top edges
 constexpr int NarrowestPixels = 520;  // shows the longest title that is asked with
 
-// A longer text is cut: quoted input, say a line of a file, may have any length.
-constexpr qsizetype LongestMessage = 4000;
+// A longer text is cut: quoted input, say a line of a file, may have any length, and the buttons
+// below it must stay on the screen.
+constexpr qsizetype LongestLine = 200;
+constexpr qsizetype MostLines = 12;
 
 QString ToMessage(const std::string& text) {
-    const QString message = QString::fromStdString(text).remove('\r');
-    return message.size() > LongestMessage ? message.left(LongestMessage) + QChar(0x2026) : message;
+    QStringList lines = QString::fromStdString(text).remove('\r').split('\n');
+    if (lines.size() > MostLines) lines = lines.mid(0, MostLines) + QStringList{QChar(0x2026)};
+    for (QString& line : lines) {
+        if (line.size() > LongestLine) line = line.left(LongestLine) + QChar(0x2026);
+    }
+    return lines.join('\n');
 }
 
 QWidget* WindowOf(const Controls& controls) {

@@ -10,6 +10,7 @@
 #include "core/model/run_stage.h"
 #include "core/run/first_step.h"
 #include "panel/controls.h"
+#include "panel/entry/memory_refusal.h"
 #include "panel/plots/experiment_caption.h"
 #include "panel/widgets/control_values.h"
 
@@ -48,6 +49,10 @@ void txtNPeriods_Change(ExperimentState& state, Controls& controls) {
     }
     const std::optional<double> number = PositiveNumberIn(controls.txtNPeriods);
     if (!number || *number > LargestValue) return;
+    if (!FindsMemory(state, controls, "The length of the run", state.NGridCells, *number,
+                     state.NPlotsPerPeriod)) {
+        return;
+    }
     SetPeriods(state, *number);
     ComposeExperimentCaption(state, controls);
 }
@@ -60,5 +65,10 @@ void txtNPlotsPerPeriod_Change(ExperimentState& state, Controls& controls) {
     const std::optional<double> number = PositiveNumberIn(controls.txtNPlotsPerPeriod);
     // Less than half a plot would leave no plot interval at all.
     if (!number || RoundToEven(*number) < 1) return;
-    SetPlotsPerPeriod(state, RoundToEven(*number));
+    const int plots = RoundToEven(*number);
+    if (!FindsMemory(state, controls, "The number of plots", state.NGridCells, state.Periods,
+                     plots)) {
+        return;
+    }
+    SetPlotsPerPeriod(state, plots);
 }

@@ -1,5 +1,6 @@
 #include "panel/problems/grid_size.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "core/model/experiment_state.h"
@@ -10,6 +11,7 @@
 #include "core/setup/point_mapping.h"
 #include "core/setup/problems.h"
 #include "panel/controls.h"
+#include "panel/entry/memory_refusal.h"
 #include "panel/entry/value_entry.h"
 #include "panel/plots/experiment_caption.h"
 #include "panel/problems/set_up_replay.h"
@@ -29,6 +31,11 @@ void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
     }
     const std::optional<double> number = ReadNumber(TextOf(controls.txtNGridCells));
     if (!number || *number < FewestCells || state.NSelected > *number) return;
+
+    const int n = std::min(RoundToEven(*number), state.MaxGridCells);
+    if (!FindsMemory(state, controls, "The new grid", n, state.Periods, state.NPlotsPerPeriod)) {
+        return;
+    }
 
     state.Stopped = 1;
     StretchGrid(state, *number);

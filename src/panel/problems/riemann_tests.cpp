@@ -5,6 +5,7 @@
 #include "core/model/number_text.h"
 #include "core/setup/riemann_problem.h"
 #include "panel/controls.h"
+#include "panel/entry/memory_refusal.h"
 #include "panel/plots/experiment_caption.h"
 #include "panel/plots/line_plots.h"
 #include "panel/problems/panel_fill.h"
@@ -13,6 +14,7 @@
 namespace {
 
 void SetUpTest(ExperimentState& state, Controls& controls, std::size_t number) {
+    if (!FindsMemory(state, controls, "The test")) return;
     state.MnBdry = ContinuationBoundary;
     state.MxBdry = ContinuationBoundary;
     InitRiemannProblem(state, controls, RiemannTests[number - 1]);

@@ -4,12 +4,13 @@
 #include "core/model/number_text.h"
 #include "core/run/run.h"
 #include "panel/controls.h"
+#include "panel/entry/memory_refusal.h"
 #include "panel/plots/experiment_caption.h"
 #include "panel/plots/line_plots.h"
 #include "panel/widgets/control_values.h"
 
 void cmdBegin_Click(ExperimentState& state, Controls& controls) {
-    if (!BeginRun(state)) return;
+    if (state.Time != 0.0 || !FindsMemory(state, controls, "Begin") || !BeginRun(state)) return;
     PutCaption(controls.cmdNumericalScheme, state.SchemeName);
     ComposeExperimentCaption(state, controls);
 }
@@ -29,6 +30,7 @@ void cmdContinue_Click(ExperimentState& state, Controls& controls) {
 }
 
 void cmdRestart_Click(ExperimentState& state, Controls& controls) {
+    if (!FindsMemory(state, controls, "Restart")) return;
     HideRefusal(controls);
     RestartRun(state);
     PutTime(controls.txtTime, state.Time);

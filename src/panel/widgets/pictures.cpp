@@ -151,6 +151,7 @@ QImage DyedFlow(const Part& part, const std::vector<Vortex>& vortices,
 
     const QRect& seen = part.Seen;
     QImage picture(seen.size(), QImage::Format_RGB32);
+    if (picture.isNull()) return picture;  // no memory: nothing is drawn in its place
     const int leftmost = NodeBefore(seen.left());
     const int topmost = NodeBefore(seen.top());
     std::vector<Origin> upper = NodeRow(part, topmost, vortices);
