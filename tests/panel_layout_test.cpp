@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -269,4 +270,18 @@ TEST(Pictures, StayDarkBehindTheLabels) {
     };
     EXPECT_EQ(brighterThan(0.08), 0);
     EXPECT_GT(brighterThan(0.001), 0) << "there is something to see";
+}
+
+// As long as the prompt takes, and in letters that are shaped, joined or stacked.
+TEST(PanelLayout, PaintsTheLongestTitleInATenthOfASecond) {
+    frmTernlow form;
+    QLabel& label = *form.controls.lblStudentID;
+    for (const char* letter : {"i", "W ", "\n", "\u0628", "\u0915\u094d", "\u6f22", "a\u0301"}) {
+        label.setText(QString(letter).repeated(32767).left(32767));
+        label.grab();  // loads the fonts
+        QElapsedTimer clock;
+        clock.start();
+        label.grab();
+        EXPECT_LT(clock.elapsed(), 100) << letter;
+    }
 }

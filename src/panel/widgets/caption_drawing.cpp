@@ -9,6 +9,14 @@ namespace {
 
 constexpr int SmallestFont = 6;  // pixels; nobody can read less
 
+// As much of a caption as could ever be seen, were all its letters in the smallest font and as
+// narrow as an i: to break the rest into lines would only take time.
+QString Seeable(const QString& caption, const QRect& room) {
+    constexpr int narrowest = 2;  // pixels
+    const int letters = room.width() / narrowest * (room.height() / SmallestFont + 1);
+    return caption.size() > letters ? caption.left(letters) : caption;
+}
+
 // A caption broken into lines, in the font in which it fits.
 struct FittedCaption {
     QFont Font;
@@ -80,7 +88,7 @@ FittedCaption Fitted(QFont font, const QString& caption, const QRect& room,
 
 void DrawCaption(QPainter& painter, const QRect& room, const QString& caption,
                  CaptionAlignment alignment) {
-    const FittedCaption fitted = Fitted(painter.font(), caption, room, alignment);
+    const FittedCaption fitted = Fitted(painter.font(), Seeable(caption, room), room, alignment);
     painter.save();
     painter.setFont(fitted.Font);
     const QFontMetrics metrics(fitted.Font);
