@@ -72,6 +72,7 @@ TEST_F(PanelKeys, WorkThePlotsAndThePicture) {
     controls.pctPressurePlot->setFocus();
     Type("Left");
     EXPECT_EQ(state.MSelected, 399);
+    EXPECT_TRUE(controls.pctPressurePlot->accessibleDescription().startsWith("Cell 399 of 400"));
     Type("Home");
     EXPECT_EQ(state.MSelected, 1);
     controls.pctSpaceTime->setFocus();

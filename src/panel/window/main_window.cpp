@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/picture/state_sentences.h"
 #include "panel/dialogs/common_dialog.h"
 #include "panel/picture/space_time_surface.h"
 #include "panel/widgets/choice_list.h"
@@ -323,6 +324,7 @@ void frmTernlow::ConnectBoxes() {
         connect(bar, &QScrollBar::valueChanged, this,
                 [this, bar, &row] { Runs(bar->isSliderDown() ? row.Scroll : row.Change)(); });
     }
+    connect(controls.hsbMSelected, &QScrollBar::valueChanged, this, &frmTernlow::SpeakOfCell);
     auto* list = static_cast<ChoiceList*>(controls.*GrayVariables.Control);
     list->Chosen = Runs(GrayVariables.Click);
 }
@@ -341,6 +343,15 @@ void frmTernlow::ConnectKeys() {
     onKeys("Ctrl+-", [this] { Zoom(false); });
     onKeys("Ctrl+0", [this] { ZoomBack(); });
     onKeys("F11", [this] { ToggleFullScreen(); });
+}
+
+// The arrows in a plot go from cell to cell: a screen reader is told the cell and its values.
+void frmTernlow::SpeakOfCell() {
+    for (const SurfaceRow& row : Surfaces) {
+        Surface& surface = *(controls.*row.Control);
+        if (row.KeyBar == nullptr || !surface.hasFocus()) continue;
+        surface.setAccessibleDescription(QString::fromStdString(CellSentence(state)));
+    }
 }
 
 // Nothing but the tick may ever be connected to the metronome: what holds the tick blocks the

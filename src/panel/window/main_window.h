@@ -50,6 +50,7 @@ private:
     void ConnectPresses();
     void ConnectKeys();
     void ConnectTimer();
+    void SpeakOfCell();
     void ShowWhetherPressesWait(bool wait);
 
     void ShowAt(const PanelScale& shown);
