@@ -9,7 +9,9 @@
 #include <chrono>
 #include <string>
 
-#include "verify/strip_call.h"
+#include "core/run/boundary_zones.h"
+#include "scheme_calls/strip_call.h"
+#include "verify/trial_problems.h"
 #include "verify/trial_run.h"
 
 namespace {
@@ -53,14 +55,13 @@ std::string LibraryFolder() {
 // A strip of Test 2 in full swing, with smoke: all kinds of waves, a contact, and both carried
 // quantities at work.
 Flow BusyFlow(const LoadedScheme& scheme) {
-    RunSettings settings = ShockTubeSettings(ShockTubes[1]);
-    settings.TStop = 0.1;
-    Flow flow = ShockTubeStart(ShockTubes[1], 400);
-    RunTrial(scheme, settings, flow);
-    for (int cell = 1; cell <= flow.N; ++cell)
-        flow.Smoke[flow.At(cell)] = cell / 10 % 2 == 0 ? 1.0 : 0.0;
-    FillNeighbours(flow, Boundary::Continuation);
-    return flow;
+    ExperimentState state = TestProblem(2, 400);
+    RunTo(state, scheme.Library(), 0.1);
+    for (int cell = 1; cell <= state.NGridCells; ++cell) {
+        state.FSmoke[cell] = cell / 10 % 2 == 0 ? 1.0 : 0.0;
+    }
+    FillBoundaryZones(state);
+    return FlowOf(state);
 }
 
 template <typename Float>

@@ -3,8 +3,9 @@
 
 #include <numbers>
 
+#include "core/model/boundary_types.h"
+#include "scheme_calls/strip_call.h"
 #include "scheme_tests.h"
-#include "verify/strip_call.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ Flow RoughFlow(int cells) {
         flow.Uy[i] = std::cos(x);
         flow.Smoke[i] = cell % 29 < 10 ? 1.0 : 0.0;
     }
-    FillNeighbours(flow, Boundary::Periodic);
+    FillNeighbours(flow, PeriodicBoundary);
     return flow;
 }
 
@@ -143,7 +144,7 @@ TEST_P(SchemeContract, LeavesAUniformFlowUniformToTheBit) {
         const float values[] = {1.1F, 0.7F, static_cast<float>(velocity), -2.3F, 0.4F};
         for (std::size_t field = 0; field < Fields.size(); ++field)
             std::ranges::fill(flow.*Fields[field], static_cast<double>(values[field]));
-        FillNeighbours(flow, Boundary::Periodic);
+        FillNeighbours(flow, PeriodicBoundary);
         Flow next = flow;
         scheme_.Advance(flow, constants_, StepAt(flow, 0.85), next);
         ExpectSameBits(next, flow);
@@ -188,7 +189,7 @@ TEST_P(SchemeContract, ConservesOverAThousandSteps) {
     const auto before = TotalsOf(flow);
     Flow next = flow;
     for (int step = 0; step < 1000; ++step) {
-        FillNeighbours(flow, Boundary::Periodic);
+        FillNeighbours(flow, PeriodicBoundary);
         const StepReport report = scheme_.Advance(flow, constants_, StepAt(flow, 0.8), next);
         ASSERT_LT(report.Courant, 1.0);
         std::swap(flow, next);

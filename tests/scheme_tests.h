@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "verify/trial_run.h"
+#include "scheme_calls/loaded_scheme.h"
 
 class SchemeTest : public testing::TestWithParam<SchemeKind> {
 protected:

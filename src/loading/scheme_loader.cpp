@@ -8,8 +8,8 @@ namespace {
 
 // The address of the entry point; null if there is none, and scheme.Trouble is then what the loader
 // says: that names the file it has found and what is wrong with it.
-void* FindEntryPoint(const SchemeRow& row, SchemeLibrary& scheme) {
-    const std::string file = std::string("lib") + row.Library + ".so";
+void* FindEntryPoint(const SchemeRow& row, const std::string& folder, SchemeLibrary& scheme) {
+    const std::string file = (folder.empty() ? "" : folder + "/") + "lib" + row.Library + ".so";
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* entry = library != nullptr ? dlsym(library, row.EntryPoint) : nullptr;
     if (entry == nullptr) {
@@ -31,13 +31,17 @@ void Set(Entry*& entry, void* address) {
 }  // namespace
 
 SchemeLibrary LoadSchemeLibrary(const std::string& schemeName) {
+    return LoadSchemeLibrary(schemeName, "");
+}
+
+SchemeLibrary LoadSchemeLibrary(const std::string& schemeName, const std::string& folder) {
     SchemeLibrary scheme;
     const SchemeRow* row = FindScheme(schemeName);
     if (row == nullptr) {
         scheme.Trouble = "there is no scheme \"" + schemeName + "\"";
         return scheme;
     }
-    void* entry = FindEntryPoint(*row, scheme);
+    void* entry = FindEntryPoint(*row, folder, scheme);
     if (entry == nullptr) {
         scheme.Trouble = "the scheme " + schemeName + " cannot be loaded (" + scheme.Trouble + ")";
     } else if (schemeName == "Kestrel") {

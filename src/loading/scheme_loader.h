@@ -9,3 +9,7 @@
 // own libraries, so that the loader picks the build for the processor's instruction set. A library
 // stays loaded once its entry point has been found. May be called from any thread.
 SchemeLibrary LoadSchemeLibrary(const std::string& schemeName);
+
+// The same from a folder, for tests and measurements of several builds; an empty one is the search
+// path again.
+SchemeLibrary LoadSchemeLibrary(const std::string& schemeName, const std::string& folder);

@@ -1,38 +1,36 @@
-// The problems that the schemes are measured on: the instrument's eight shock tubes, the two
-// interacting blast waves and the sound waves.
+// The problems that the schemes are measured on, built by core as the program builds them.
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <string>
 
-#include "core/analysis/exact_riemann.h"
-#include "verify/loaded_scheme.h"
+#include "core/analysis/cell_averages.h"
+#include "core/analysis/exact_solution.h"
+#include "core/model/experiment_state.h"
 
-struct ShockTube {
-    const char* Name;
-    GasState Left;
-    GasState Right;
-    double Jump;
-    double TStop;
-};
-extern const std::array<ShockTube, 8> ShockTubes;
+// Two states with a jump at `jump` between open ends at 0 and 1, laid as the tests are.
+ExperimentState TubeProblem(const GasState& left, const GasState& right, double jump,
+                            double stopTime, int cells);
 
-enum class Boundary { Periodic, Reflecting, Continuation };
-void FillNeighbours(Flow& flow, Boundary boundary);
+// Before its run, with the defaults of the program: Test 1 to 8, the two interacting blast waves.
+ExperimentState TestProblem(int number, int cells);
+ExperimentState BlastProblem(int cells);
+double StopTimeOfTest(int number);
+constexpr double BlastStopTime = 0.038;
 
-// A flow on cells of equal width from 0 to 1, at rest, with all fields 0.
-Flow UniformGrid(int cells);
+// Of the present state, which needs an exact solution.
+ExactFields ExactFieldsNow(const ExperimentState& state);
 
-Flow ShockTubeStart(const ShockTube& tube, int cells);
-Flow ShockTubeExact(const ShockTube& tube, int cells, double gamma);
+// The reference solution of the blast waves at BlastStopTime, from a file of 400 cells with columns
+// x, rho, p, u, averaged to the grid; cells must divide 400. Throws std::runtime_error.
+ExactFields BlastReference(const std::string& file, int cells);
 
-// Density 1, pressure 1000, 0.01 and 100 between walls at 0, 0.1, 0.9 and 1; t = 0.038.
-constexpr double BlastTStop = 0.038;
-Flow BlastStart(int cells);
-// The reference solution from a file of 400 cells with columns x, rho, p, u, averaged to the grid;
-// cells must divide 400.
-Flow BlastReference(const std::string& file, int cells);
+// A wave of R+ alone, one wavelength in the domain, and the sound-wave problem of the program with
+// the exact averages of that wave as its fields: the set-up's own errors are of second order and
+// would hide those of a scheme.
+SimpleWave SoundWave(double amplitude, double velocity);
+ExperimentState SoundWaveProblem(const SimpleWave& wave, int cells);
+ExactFields AveragesOf(const SimpleWave& wave, const ExperimentState& state, double time);
 
-// A right-going simple wave of the R+ invariant with one wavelength in the domain: cell averages
-// at any time before it breaks, exact but for quadrature (1e-13).
-Flow SoundWaveExact(int cells, double amplitude, double meanVelocity, double gamma, double time);
+// An experiment on cells 1..N with nothing in them: arrays, edges from 0 to 1, open ends.
+ExperimentState EmptyExperiment(int cells);

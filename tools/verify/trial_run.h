@@ -1,42 +1,22 @@
-// Runs of a scheme under the instrument's step control, and what is measured on them.
+// Runs to an exact time, as the published errors of other codes ask for.
 #pragma once
 
-#include "verify/loaded_scheme.h"
-#include "verify/trial_problems.h"
+#include <string>
 
-struct RunSettings {
-    Boundary Ends = Boundary::Continuation;
-    double TStop = 1.0;
-    double CourantTarget = 0.85;
-    double FirstCourant = 0.085;  // of the first step, by the largest signal speed at the start
-    double LargestStep = 1e300;
-    int StripWidth = 0;  // 0: the instrument's own
-    SchemeConstants Constants = {};
+#include "core/run/scheme_library.h"
+#include "core/run/step_observer.h"
+
+struct ExperimentState;
+
+// The library of a scheme; a folder takes the place of the program's search path. Throws
+// std::runtime_error if there is none.
+SchemeLibrary LoadOrThrow(const std::string& schemeName, const std::string& folder = "");
+
+struct TrialCounts {
+    StepCounts Of;
+    bool CameToItsEnd = false;  // else state.Refusal says why not
 };
 
-struct RunReport {
-    int Steps = 0;
-    int Rejected = 0;
-    int Floored = 0;  // cells that a floor had to lift
-    bool Finite = true;
-    double LowestRho = 1e300;
-    double LowestP = 1e300;
-};
-
-// Advances the flow to exactly TStop: the Courant gate at 1, growth by 2.5 per cent below nine
-// tenths of the target, floors. Gives up after a million attempts.
-RunReport RunTrial(const LoadedScheme& scheme, const RunSettings& settings, Flow& flow);
-
-RunSettings ShockTubeSettings(const ShockTube& tube);
-RunSettings BlastSettings();
-RunSettings SoundWaveSettings();
-
-struct Errors {
-    double Rho;
-    double P;
-    double Ux;
-    double Uy;
-    double Overshoot;  // of density, past the range of the exact solution
-};
-// Mean absolute differences over the cells.
-Errors Compare(const Flow& flow, const Flow& exact);
+// Advances the experiment by the program's own steps, the last of them cut so that Time ends at
+// `time` but for a rounding. Nothing is stored.
+TrialCounts RunTo(ExperimentState& state, const SchemeLibrary& library, double time);

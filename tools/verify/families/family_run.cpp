@@ -12,6 +12,7 @@
 #include "verify/families/scheme_run.h"
 #include "verify/peers/classic_ppm.h"
 #include "verify/peers/weno_z.h"
+#include "verify/trial_run.h"
 
 namespace {
 
@@ -48,8 +49,7 @@ Outcome Score(const GasCells& cells, const std::vector<double>& exact) {
     return outcome;
 }
 
-CaseResult RunCase(FamilyProblem problem,
-                   const std::vector<std::unique_ptr<LoadedScheme>>& schemes) {
+CaseResult RunCase(FamilyProblem problem, const std::vector<SchemeLibrary>& schemes) {
     CaseResult result;
     result.Numbers = problem.Numbers;
     if (problem.Density.empty()) {
@@ -68,7 +68,7 @@ CaseResult RunCase(FamilyProblem problem,
                                    ? Outcome{NoNumber, 0.0, 0.0}
                                    : Score(RunPeer(*peer, problem), problem.Density));
     for (const auto& scheme : schemes)
-        result.Schemes.push_back(Score(RunScheme(*scheme, problem), problem.Density));
+        result.Schemes.push_back(Score(RunScheme(scheme, problem), problem.Density));
     return result;
 }
 
@@ -84,9 +84,9 @@ const std::vector<std::string>& PeerNames() {
 }
 
 std::vector<FamilyResult> RunFamilies(const FamilySettings& settings) {
-    std::vector<std::unique_ptr<LoadedScheme>> schemes;
+    std::vector<SchemeLibrary> schemes;
     for (const SchemeKind kind : settings.Schemes)
-        schemes.push_back(std::make_unique<LoadedScheme>(kind, settings.Folder));
+        schemes.push_back(LoadOrThrow(SchemeName(kind), settings.Folder));
 
     std::vector<FamilyResult> results;
     std::vector<std::pair<std::size_t, int>> order;  // family and number of each case

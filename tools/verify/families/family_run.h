@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "verify/families/families.h"
-#include "verify/loaded_scheme.h"
+#include "verify/scheme_kind.h"
 
 struct FamilySettings {
     std::uint64_t Seed = 1;

@@ -3,73 +3,48 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/model/boundary_types.h"
+#include "core/model/experiment_state.h"
+#include "core/run/boundary_zones.h"
+#include "core/run/first_step.h"
+#include "verify/trial_problems.h"
 #include "verify/trial_run.h"
 
 namespace {
 
-Boundary BoundaryOf(Ends ends) {
-    if (ends == Ends::Walls) return Boundary::Reflecting;
-    return ends == Ends::Periodic ? Boundary::Periodic : Boundary::Continuation;
+void SetEnds(ExperimentState& state, Ends ends) {
+    const bool wallOnLeft = ends == Ends::Walls || ends == Ends::WallAndOpen;
+    const bool wallOnRight = ends == Ends::Walls || ends == Ends::OpenAndWall;
+    state.MnBdry = wallOnLeft ? ReflectingBoundary : ContinuationBoundary;
+    state.MxBdry = wallOnRight ? ReflectingBoundary : ContinuationBoundary;
+    if (ends == Ends::Periodic) state.MnBdry = state.MxBdry = PeriodicBoundary;
 }
 
-// A grid with one wall becomes one twice as long, with its mirror image beyond the wall: the
-// schemes are symmetric to the bit.
-struct Placement {
-    explicit Placement(const FamilyProblem& problem)
-        : OwnCells(problem.Start.N()),
-          Doubled(problem.End == Ends::OpenAndWall || problem.End == Ends::WallAndOpen),
-          Offset(problem.End == Ends::WallAndOpen ? OwnCells : 0) {}
-
-    int Cells() const { return Doubled ? 2 * OwnCells : OwnCells; }
-    int Own(int cell) const { return cell - Offset; }  // its number on the problem's own grid
-    bool IsImage(int cell) const { return Own(cell) < 0 || Own(cell) >= OwnCells; }
-    int ImageOf(int cell) const {
-        return Own(cell) < 0 ? -1 - Own(cell) : 2 * OwnCells - 1 - Own(cell);
-    }
-
-    int OwnCells;
-    bool Doubled;
-    int Offset;
-};
-
-Flow FlowOf(const GasCells& start, const Placement& placement) {
-    Flow flow(placement.Cells());
-    const double wall = placement.Offset > 0 ? start.Edges.front() : start.Edges.back();
-    for (int k = 0; k <= flow.N; ++k) {
-        const int own = placement.Own(k);
-        const bool image = own < 0 || own > placement.OwnCells;
-        const int twin = own < 0 ? -own : 2 * placement.OwnCells - own;
-        flow.Edges[Flow::B + k] = image ? 2.0 * wall - start.Edges[twin] : start.Edges[own];
-    }
-    for (int k = 0; k < flow.N; ++k) {
-        const bool image = placement.IsImage(k);
-        const int own = image ? placement.ImageOf(k) : placement.Own(k);
-        flow.Rho[Flow::B + k] = start.Rho[own];
-        flow.P[Flow::B + k] = start.P[own];
-        flow.Ux[Flow::B + k] = image ? -start.Ux[own] : start.Ux[own];
-    }
-    return flow;
+ExperimentState ExperimentOf(const FamilyProblem& problem) {
+    const GasCells& start = problem.Start;
+    ExperimentState state = EmptyExperiment(start.N());
+    std::copy(start.Edges.begin(), start.Edges.end(), state.X.At(1));
+    std::copy(start.Rho.begin(), start.Rho.end(), state.Rho.At(1));
+    std::copy(start.P.begin(), start.P.end(), state.P.At(1));
+    std::copy(start.Ux.begin(), start.Ux.end(), state.Ux.At(1));
+    SetEnds(state, problem.End);
+    state.Gamma = problem.Gamma;
+    state.CourantNumber = problem.Courant;
+    FillBoundaryZones(state);
+    state.DTime = problem.FirstStep * problem.Courant *
+                  ShortestCrossingTime(state, std::numeric_limits<double>::infinity());
+    return state;
 }
 
 }  // namespace
 
-GasCells RunScheme(const LoadedScheme& scheme, const FamilyProblem& problem) {
-    const Placement placement(problem);
-    Flow flow = FlowOf(problem.Start, placement);
-    RunSettings settings;
-    settings.Ends = BoundaryOf(problem.End);
-    settings.TStop = problem.Time;
-    settings.CourantTarget = problem.Courant;
-    settings.FirstCourant = problem.FirstStep * problem.Courant;
-    settings.Constants.Gamma = problem.Gamma;
-    const RunReport report = RunTrial(scheme, settings, flow);
-
+GasCells RunScheme(const SchemeLibrary& scheme, const FamilyProblem& problem) {
+    ExperimentState state = ExperimentOf(problem);
+    const bool isGood = RunTo(state, scheme, problem.Time).CameToItsEnd;
     GasCells result = problem.Start;
-    const int first = Flow::B + placement.Offset;
-    std::copy_n(flow.Rho.begin() + first, placement.OwnCells, result.Rho.begin());
-    std::copy_n(flow.P.begin() + first, placement.OwnCells, result.P.begin());
-    std::copy_n(flow.Ux.begin() + first, placement.OwnCells, result.Ux.begin());
-    if (!report.Finite)
-        result.Rho.assign(result.Rho.size(), std::numeric_limits<double>::quiet_NaN());
+    std::copy_n(state.Rho.At(1), result.N(), result.Rho.begin());
+    std::copy_n(state.P.At(1), result.N(), result.P.begin());
+    std::copy_n(state.Ux.At(1), result.N(), result.Ux.begin());
+    if (!isGood) result.Rho.assign(result.Rho.size(), std::numeric_limits<double>::quiet_NaN());
     return result;
 }

@@ -1,4 +1,4 @@
-#include "verify/strip_call.h"
+#include "scheme_calls/strip_call.h"
 
 #include <algorithm>
 #include <type_traits>

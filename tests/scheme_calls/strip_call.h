@@ -7,8 +7,8 @@
 #include <deque>
 #include <vector>
 
+#include "scheme_calls/loaded_scheme.h"
 #include "schemes/scheme_entry_points.h"
-#include "verify/loaded_scheme.h"
 
 // Where the arrays of a call lie. Memory comes back zeroed and lives as long as the storage.
 class ArrayStorage {

@@ -1,9 +1,15 @@
-// The four scheme libraries behind one call: a step of a whole grid, cut into strips of any width.
+// The four scheme libraries behind one call: a step of a whole grid, cut into strips of any width,
+// without what the program does before and after it.
 #pragma once
 
 #include <array>
 #include <string>
 #include <vector>
+
+#include "core/run/scheme_library.h"
+#include "verify/scheme_kind.h"
+
+struct ExperimentState;
 
 // A flow on a grid of N cells with B neighbour cells on either side. Element i of an array is cell
 // i - B + 1, so that real cell 1 is element B; Edges has one element more.
@@ -22,7 +28,20 @@ struct Flow {
     std::vector<double> Smoke;
 };
 
-// What a scheme is given besides the flow; the values at start are the instrument's defaults.
+// A flow on cells of equal width from 0 to 1, with all fields 0.
+Flow UniformGrid(int cells);
+
+// Two uniform states, density, pressure and velocities each, with a jump in the middle.
+using FlowState = std::array<double, 4>;
+Flow TwoStates(const FlowState& left, const FlowState& right, int cells);
+
+// The present fields of an experiment, ghost cells included.
+Flow FlowOf(const ExperimentState& state);
+
+// Fills the neighbour cells by one of core's boundary types on both ends.
+void FillNeighbours(Flow& flow, int boundary);
+
+// What a scheme is given besides the flow; the values at start are the program's defaults.
 struct SchemeConstants {
     double Gamma = 1.4;
     double RhoFloor = 1e-8;
@@ -34,13 +53,6 @@ struct SchemeConstants {
     double wavhaf = 1.0;
 };
 
-enum class SchemeKind { Kestrel, Kestrel32, Heron32, Plover };
-constexpr std::array<SchemeKind, 4> AllSchemes = {SchemeKind::Kestrel, SchemeKind::Kestrel32,
-                                                  SchemeKind::Heron32, SchemeKind::Plover};
-const char* SchemeName(SchemeKind kind);
-bool IsDouble(SchemeKind kind);
-bool CarriesSmoke(SchemeKind kind);
-
 // What one attempt at a step gives: the Courant number and the eight operation counts.
 struct StepReport {
     double Courant = 0.0;
@@ -49,26 +61,23 @@ struct StepReport {
 
 class LoadedScheme {
 public:
-    // Loads the library by its plain name, over the caller's search path, as the instrument does;
-    // a folder in front overrides the search. Throws std::runtime_error if it cannot.
+    // Loaded as the program does it; a folder takes the place of the search path. Throws
+    // std::runtime_error if it cannot be.
     explicit LoadedScheme(SchemeKind kind, const std::string& folder = "");
-    ~LoadedScheme();
-    LoadedScheme(const LoadedScheme&) = delete;
-    LoadedScheme& operator=(const LoadedScheme&) = delete;
 
     SchemeKind Kind() const { return kind_; }
-    void* Entry() const { return entry_; }
+    const SchemeLibrary& Library() const { return library_; }
+    void* Entry() const;
 
-    // The widest strip that the instrument gives this scheme.
-    int WidestStrip() const { return IsDouble(kind_) ? 100 : 200; }
+    // The widest strip that the program gives this scheme.
+    int WidestStrip() const;
 
     // Advances cells 1 to N of the flow, whose neighbour zones must be filled, into next. Strips
-    // are at most stripWidth wide (0: the instrument's own width).
+    // are at most stripWidth wide (0: the program's own width).
     StepReport Advance(const Flow& flow, const SchemeConstants& constants, double timeStep,
                        Flow& next, int stripWidth = 0) const;
 
 private:
     SchemeKind kind_;
-    void* library_ = nullptr;
-    void* entry_ = nullptr;
+    SchemeLibrary library_;
 };
