@@ -9,8 +9,9 @@ struct ExperimentState;
 // and pressure are raised to their floors.
 void cmdSelect_Click(ExperimentState& state, Controls& controls);
 
-// Takes the cell in the box off the list, at any time. A cell that is not on the list changes
-// neither list nor fields.
+// Takes the cell in the box off the list, at any time, also from the fields of a run. A cell that
+// is not on the list, or a text that is no cell, changes neither list nor fields; the first time
+// step and the smoke are worked out anew all the same.
 void cmdDeselect_Click(ExperimentState& state, Controls& controls);
 
 // Takes off all points but the first and the last. Only before a run.

@@ -11,8 +11,9 @@ void cmdBegin_Click(ExperimentState& state, Controls& controls);
 // Holds the run where it stands.
 void cmdPause_Click(ExperimentState& state, Controls& controls);
 
-// Continues the run from the last stored state; what was computed after it is computed again.
-// Ignored before any state is stored.
+// Continues the run with the time of the last stored state. The fields are brought back to that
+// state only if the run is stopped and another one is on display; else they go on from the step
+// that they had reached. Ignored before any state is stored.
 void cmdContinue_Click(ExperimentState& state, Controls& controls);
 
 // Stops the run, goes back to stored state 0 and Time 0, and gives up all other stored states. If
