@@ -22,8 +22,8 @@ protected:
     int LineThickness() {
         Surface& plot = *controls.pctDensityPlot;
         plot.Cls();
-        plot.LineFrom(0.0F, plot.ScaleHeight() / 2.0F, plot.ScaleWidth(),
-                      plot.ScaleHeight() / 2.0F);
+        plot.Drawing().LineFrom(0.0F, plot.ScaleHeight() / 2.0F, plot.ScaleWidth(),
+                                plot.ScaleHeight() / 2.0F);
         const QImage image = plot.Image();
         return PixelsWhere(image, [&](int x, int y) { return qGray(image.pixel(x, y)) < 128; })
             .Bounds.height();
