@@ -93,16 +93,6 @@ void ChooseBoundaries(Panel& panel, const char* type) {
     panel.Press("cmdBoundaryConditionType");
 }
 
-void ChooseScheme(Panel& panel, const char* name, const char* meter) {
-    const BoxAnswers answers({name, meter});
-    panel.Press("cmdNumericalScheme");
-}
-
-void ChooseConstants(Panel& panel, const char* difcon, const char* shkjmp, const char* wavhaf) {
-    const BoxAnswers answers({difcon, shkjmp, wavhaf});
-    panel.Press("cmdGetDiffConsts");
-}
-
 bool RunWhole(Panel& panel) {
     panel.Press("cmdBegin");
     return panel.Form().state.Stopped == 0 && panel.RunToEnd();

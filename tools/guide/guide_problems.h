@@ -48,10 +48,6 @@ void SetUpSoundWave(Panel& panel, const TypedWave& wave);
 // The same type on both sides.
 void ChooseBoundaries(Panel& panel, const char* type);
 
-// Chooses the scheme and the meter, or the three constants, as their prompts ask.
-void ChooseScheme(Panel& panel, const char* name, const char* meter = "0");
-void ChooseConstants(Panel& panel, const char* difcon, const char* shkjmp, const char* wavhaf);
-
 // Begins the run and follows it to its end. False if it does not end.
 bool RunWhole(Panel& panel);
 
