@@ -7,7 +7,7 @@
 
 namespace {
 
-// Section 5.5 of the PNG specification (ISO/IEC 15948) and annex D for the polynomial.
+// Section 5.5 of the PNG standard (ISO/IEC 15948) and annex D for the polynomial.
 std::uint32_t Crc32(std::string_view bytes) {
     constexpr std::uint32_t polynomial = 0xEDB88320;
     constexpr auto table = [] {
