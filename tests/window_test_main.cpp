@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QEvent>
 #include <clocale>
 
 #include "panel/widgets/look.h"
@@ -12,5 +13,8 @@ int main(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C");
     UseFixedLook();
     testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    // What the last test has given up with deleteLater is no leak.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return result;
 }
