@@ -69,7 +69,7 @@ struct CutSlope {
         Rising = NonNegative(Min(mean, two * Min(a, b)));
         Falling = Min(Max(mean, two * Max(a, b)), Opaque(Float(0)));
     }
-    [[gnu::always_inline]] Float Signed() const { return Rising + Falling; }
+    [[gnu::always_inline]] Float Total() const { return Rising + Falling; }
     // The part of a rise that is along the slope and no larger.
     [[gnu::always_inline]] Float Cut(Float rise) const { return Clamp(Falling, rise, Rising); }
 };
@@ -97,8 +97,8 @@ struct EdgeCubic {
         const Float meanRight = half * (across + right);
         const CutSlope<Float> cutLeft(left, across, meanLeft);
         const CutSlope<Float> cutRight(across, right, meanRight);
-        const Float slopeLeft = Select(smooth, meanLeft, cutLeft.Signed());
-        const Float slopeRight = Select(smooth, meanRight, cutRight.Signed());
+        const Float slopeLeft = Select(smooth, meanLeft, cutLeft.Total());
+        const Float slopeRight = Select(smooth, meanRight, cutRight.Total());
         const Float bend = Float(1.0 / 6.0) * (slopeRight - slopeLeft);
         const Float twist = Float(0.125) * (bendRight - bendLeft);
         const Float toEdge = half * across - bend;

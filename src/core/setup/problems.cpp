@@ -104,6 +104,13 @@ void StretchGrid(ExperimentState& state, double number) {
     state.X[n + 1] = right;
 }
 
+void CarryPointsOver(ExperimentState& state) {
+    EmptyStore(state);
+    state.MultiplePlots = 0;
+    ResizeControlPointLists(state);
+    MapControlPoints(state);
+}
+
 void PutNGridCells(ExperimentState& state, SetUpBoxes& boxes, const std::string& text) {
     if (text == boxes.NGridCells) return;
     if (!IsBeforeRun(state)) {
@@ -117,10 +124,7 @@ void PutNGridCells(ExperimentState& state, SetUpBoxes& boxes, const std::string&
     state.Stopped = 1;
     StretchGrid(state, *number);
     state.MSelected = state.NGridCells / 2;
-    EmptyStore(state);
-    state.MultiplePlots = 0;
-    ResizeControlPointLists(state);
-    MapControlPoints(state);
+    CarryPointsOver(state);
     if (state.SoundWaveMode == 0) {
         BuildFromPoints(state, boxes);
     } else {

@@ -54,3 +54,7 @@ void ResetPoints(ExperimentState& state);
 // ends, for the mapping of the control points; the rebuild that follows replaces them. `number` is
 // what was asked for, at least 6.
 void StretchGrid(ExperimentState& state, double number);
+
+// The second half: forgets what is stored of the former grid and finds the control points' cells on
+// the new one.
+void CarryPointsOver(ExperimentState& state);

@@ -42,10 +42,7 @@ void txtNGridCells_Change(ExperimentState& state, Controls& controls) {
     state.MSelected = state.NGridCells / 2;
     SetCellBarRange(state, controls);
     state.MSelected = state.NGridCells / 2;
-    EmptyStore(state);
-    state.MultiplePlots = 0;
-    ResizeControlPointLists(state);
-    MapControlPoints(state);
+    CarryPointsOver(state);
 
     if (state.SoundWaveMode == 0) {
         ApplySetUp(state, controls);
